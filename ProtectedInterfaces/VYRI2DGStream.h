@@ -1,0 +1,34 @@
+#pragma once
+
+#include "VYRExport.h"
+
+// The byte stream every model object writes itself into and reads itself
+// back from. Values carry no type information: the order of calls defines
+// the bytes.
+class VYR_EXPORT VYRI2DGStream {
+ public:
+  VYRI2DGStream() = default;
+  VYRI2DGStream(const VYRI2DGStream&) = default;
+  VYRI2DGStream& operator=(const VYRI2DGStream&) = default;
+
+  virtual void Stream(float i_value) = 0;
+  virtual void Stream(double i_value) = 0;
+  virtual void Stream(unsigned int i_value) = 0;
+  virtual void Stream(int i_value) = 0;
+  virtual void Stream(unsigned char i_value) = 0;
+  virtual void Stream(char i_value) = 0;
+  // A counted byte string: the 4-byte length, then the bytes (none for a length of 0 or less).
+  virtual void Stream(const char* i_bytes, int i_length) = 0;
+  virtual void Unstream(float& o_value) = 0;
+  virtual void Unstream(double& o_value) = 0;
+  virtual void Unstream(unsigned int& o_value) = 0;
+  virtual void Unstream(int& o_value) = 0;
+  virtual void Unstream(unsigned char& o_value) = 0;
+  virtual void Unstream(char& o_value) = 0;
+  // Reads a counted byte string into a new[]-allocated block owned by the
+  // caller, zero-terminated when asked; null for a length of 0 or less.
+  virtual char* Unstream(bool i_zeroTerminated) = 0;
+
+ protected:
+  ~VYRI2DGStream() = default;
+};
