@@ -1,5 +1,7 @@
 #pragma once
 
+#include <climits>
+
 #include "VYRExport.h"
 
 // The byte stream every model object writes itself into and reads itself
@@ -28,6 +30,18 @@ class VYR_EXPORT VYRI2DGStream {
   // Reads a counted byte string into a new[]-allocated block owned by the
   // caller, zero-terminated when asked; null for a length of 0 or less.
   virtual char* Unstream(bool i_zeroTerminated) = 0;
+
+  // Guards against damaged input; they write nothing and change no byte.
+  // How many bytes are left to read (a stream that cannot tell says LLONG_MAX).
+  virtual long long GetReadableBytesLeft() const { return LLONG_MAX; }
+  // Whether a read has gone past the end; such reads yield zero or null.
+  virtual bool HasFailed() const { return false; }
+
+  // Whether a count read from the stream is plausible: not negative, and its
+  // items, each at least i_bytesPerItem long, fit in what is left to read.
+  bool CountFits(long long i_count, long long i_bytesPerItem) const {
+    return i_count >= 0 && (i_bytesPerItem <= 0 || i_count <= GetReadableBytesLeft() / i_bytesPerItem);
+  }
 
  protected:
   ~VYRI2DGStream() = default;
