@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VYRExport.h"
+
 // Conversion between the platform's float affine matrix and the six entries
 // the drawing works with: (x, y) -> (a x + b y + c, d x + e y + f).
 
@@ -20,5 +22,5 @@ struct VYR2DGAffine {
   float d = 0.0f, e = 1.0f, f = 0.0f;
 };
 
-VYR2DGAffine VYR2DGSplitMatrix(const VYR3x3Matrix& i_matrix);
-VYR3x3Matrix VYR2DGMakeMatrix(const VYR2DGAffine& i_affine);
+VYR_EXPORT VYR2DGAffine VYR2DGSplitMatrix(const VYR3x3Matrix& i_matrix);
+VYR_EXPORT VYR3x3Matrix VYR2DGMakeMatrix(const VYR2DGAffine& i_affine);
