@@ -1,5 +1,8 @@
 #include "VYRRasterPaint.h"
 
+#include "VYRRasterContours.h"
+#include "VYRRasterStrokeOutline.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -100,3 +103,31 @@ VYRRasterPathEffect* VYRRasterPaint::setPathEffect(VYRRasterPathEffect* ipEffect
 }
 VYRBaseUnknown* VYRRasterPaint::setImageFilter(VYRBaseUnknown* ipFilter) { return Assign(_pImageFilter, ipFilter); }
 VYRBaseUnknown* VYRRasterPaint::setTypeface(VYRBaseUnknown* ipTypeface) { return Assign(_pTypeface, ipTypeface); }
+
+bool VYRRasterPaint::getFillPath(const VYRRasterPath& i_src, VYRRasterPath* o_dst, float i_resScale) const {
+  if (!o_dst) return false;
+  const float resScale = (i_resScale > 0 && std::isfinite(i_resScale)) ? i_resScale : 1.0f;
+  if (_style == kFill_Style) {
+    if (o_dst != &i_src) *o_dst = i_src;
+    return true;
+  }
+  VYRRasterPath dashed;
+  const VYRRasterPath* src = &i_src;
+  if (_pPathEffect && _pPathEffect->filterPath(&dashed, i_src, resScale)) src = &dashed;
+  VYRRasterPath out;
+  out.setFillType(VYRRasterPath::kWinding_FillType);
+  if (_style == kStrokeAndFill_Style) {
+    // The filled area as clockwise polygons too, so that it adds to the stroke pieces.
+    for (const VYRRasterContour& c : VYRRasterContours::Flatten(*src, 0.1f / resScale))
+      VYRRasterStrokeOutline::AppendPolygon(c.points.data(), static_cast<int>(c.points.size()), &out);
+  }
+  VYRRasterStrokeOutline::Settings settings;
+  settings.width = _strokeWidth > 0 ? _strokeWidth : 1.0f / resScale;
+  settings.cap = _cap;
+  settings.join = _join;
+  settings.miterLimit = _miterLimit;
+  settings.tolerance = 0.1f / resScale;
+  VYRRasterStrokeOutline::Append(*src, settings, &out);
+  *o_dst = std::move(out);
+  return true;
+}

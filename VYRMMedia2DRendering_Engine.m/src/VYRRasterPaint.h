@@ -82,7 +82,7 @@ class VYR_EXPORT VYRRasterPaint {
   // The outline is a union of overlapping pieces (one per segment, join and cap) rather than a
   // single contour: it covers exactly the stroke's area, which is what filling and clipping by
   // difference need. A hairline gives its one-pixel-wide outline at i_resScale device pixels per
-  // unit. Returns false when the result should be filled as it is, i.e. nothing was stroked.
+  // unit. Holes of a stroke-and-fill source are filled. Returns false only for a null o_dst.
   bool getFillPath(const VYRRasterPath& i_src, VYRRasterPath* o_dst, float i_resScale = 1.0f) const;
 
  private:
