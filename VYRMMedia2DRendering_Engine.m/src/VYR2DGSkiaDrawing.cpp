@@ -184,11 +184,12 @@ void VYR2DGSkiaDrawing::SetMatrixTransform(float i_a, float i_b, float i_c, floa
   if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
   VYRRasterMatrix matrix;
   matrix.setAll(i_a, i_b, i_c, i_d, i_e, i_f);
+  // Both images get the matrix so that they stay in register, whichever one
+  // is being drawn; the call leaves the drawing on the main image.
+  _drawingMask = false;
   VYRRasterCanvas* pCanvas = Canvas_();
   if (!VYR_CHECK_POINTER(pCanvas)) return;
   pCanvas->setMatrix(matrix);
-  // The mask image stays in register with the main one; the call always
-  // leaves the drawing on the main image.
   _drawingMask = true;
   VYRRasterCanvas* pMaskCanvas = Canvas_();
   _drawingMask = false;
