@@ -18,4 +18,8 @@ class VYR_EXPORT VYRMMColorProfileFactory {
   static VYRMMColorProfile* CreateColorProfileFromMemory(const void* i_pBytes, int i_length);
   // The built-in sRGB profile.
   static VYRMMColorProfile* CreateSRGBColorProfile();
+
+ private:
+  // Takes over a colour engine profile handle; null for a null handle.
+  static VYRMMColorProfile* Wrap_(void* i_hProfile);
 };

@@ -83,9 +83,10 @@ class VYR_EXPORT VYRPixelImage : public VYRBaseUnknown {
   // A new image (one reference, owned by the caller) with its own copy of the pixels,
   // the same format, pixel sizes and read-only state. Null for an empty image.
   VYRPixelImage* Duplicate() const;
-  // A new unlocked image with the pixels converted to another format (alpha 255 is
-  // added, grey is replicated, colours become grey by ITU-R BT.601 luma weights, alpha
-  // is dropped by compositing over black). Null for an empty image or a bad format.
+  // A new unlocked image with the pixels converted to another format, with the same
+  // pixel sizes: a missing alpha becomes 255, grey is replicated, colours become grey by
+  // the ITU-R BT.601 luma weights, and a dropped alpha leaves the straight colour as it
+  // is. Null for an empty image or a bad format.
   VYRPixelImage* ConvertTo(VYRPixelImageFormat i_format) const;
 
   static bool IsValidFormat(int i_format);
@@ -107,6 +108,8 @@ class VYR_EXPORT VYRPixelImage : public VYRBaseUnknown {
   static unsigned char UnpremultiplyComponent(unsigned char i_component, unsigned char i_alpha);
 
  private:
+  // ComputeByteCount, reporting why a size is refused.
+  static size_t CheckedByteCount_(int i_width, int i_height, VYRPixelImageFormat i_format);
   bool Allocate_(int i_width, int i_height, VYRPixelImageFormat i_format);
 
   int _width = 0;
