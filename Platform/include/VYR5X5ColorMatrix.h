@@ -45,7 +45,6 @@ class VYR_EXPORT VYR5X5ColorMatrix {
  private:
   // Loads i_count values row by row from the list, after checking its size.
   int SetRows(const VYRRawColldouble& i_values, int i_count);
-  void SetColourBlock(const double i_block[3][3]);
 
   double _m[5][5] = {{1, 0, 0, 0, 0}, {0, 1, 0, 0, 0}, {0, 0, 1, 0, 0}, {0, 0, 0, 1, 0}, {0, 0, 0, 0, 1}};
 };
