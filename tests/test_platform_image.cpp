@@ -321,6 +321,24 @@ TEST(PixelImage, ConvertToPremultipliedWritesBlueGreenRedAlpha) {
   for (VYRPixelImage* image : {premultiplied, back, grey, rgb}) image->Release();
 }
 
+TEST(PixelImage, ConversionThroughStraightRGBAIsLossless) {
+  for (VYRPixelImageFormat format : kAllFormats) {
+    VYRPixelImage* image = RandomImage(9, 4, format, 40 + format);
+    VYRPixelImage* straight = image->ConvertTo(VYRPixelImageFormat_RGBA32);
+    ASSERT_NE(straight, nullptr);
+    for (int y = 0; y < 4; ++y) {
+      for (int x = 0; x < 9; ++x) {
+        unsigned char rgba[4];
+        image->GetColorAtPixel(x, y, rgba[0], rgba[1], rgba[2], rgba[3]);
+        ASSERT_EQ(0, std::memcmp(rgba, straight->GetPixels() + (y * 9 + x) * 4, 4)) << format;
+      }
+    }
+    VYRPixelImage* back = straight->ConvertTo(format);
+    EXPECT_EQ(PixelsOf(*back), PixelsOf(*image)) << format;
+    for (VYRPixelImage* i : {image, straight, back}) i->Release();
+  }
+}
+
 // ---- PNG
 
 TEST(PixelImagePNG, EveryFormatRoundTripsExactly) {
