@@ -4,7 +4,7 @@
 
 #include "AssertionCapture.h"
 #include "EngineTestSurface.h"
-#include "VYR2DGMatrixBridge.h"
+#include "VYR3x3Matrix.h"
 #include "VYRRasterPaint.h"
 #include "VYRRasterPath.h"
 #include "VYRUnicodeString.h"
@@ -300,14 +300,9 @@ TEST(DrawingTransforms, SetMatrixTransformKeepsTheMaskInRegister) {
 
 TEST(DrawingTransforms, MatrixFormsAgree) {
   OverSurface s;
-  VYR2DGAffine affine{2, 0, 5, 0, 3, 7};
-  s.drawing.SetMatrixTransform(VYR2DGMakeMatrix(affine));
-  const VYR2DGAffine back = VYR2DGSplitMatrix(s.drawing.GetMatrixTransform());
-  EXPECT_EQ(back.a, 2.0f);
-  EXPECT_EQ(back.c, 5.0f);
-  EXPECT_EQ(back.e, 3.0f);
-  EXPECT_EQ(back.f, 7.0f);
-  s.drawing.AddTransform(VYR2DGMakeMatrix(VYR2DGAffine{1, 0, 1, 0, 1, 1}));
+  s.drawing.SetMatrixTransform(VYR3x3Matrix(2, 0, 5, 0, 3, 7));
+  EXPECT_EQ(s.drawing.GetMatrixTransform(), VYR3x3Matrix(2, 0, 5, 0, 3, 7));
+  s.drawing.AddTransform(VYR3x3Matrix(1, 0, 1, 0, 1, 1));
   s.Fill(255, 0, 0);
   s.drawing.DrawRectangle(VYR2DGRect(0, 0, 1, 1));  // (2..4, 3..6) shifted by (2, 3)
   EXPECT_EQ(s.Pixel(8, 11), kRed);

@@ -2,6 +2,7 @@
 
 #include "VYR2DGDummyDrawing.h"
 #include "VYR2DGDummySupport.h"
+#include "VYR3x3Matrix.h"
 #include "VYRUnicodeString.h"
 
 namespace {
@@ -165,4 +166,13 @@ TEST(DummySupport, AnswersNothing) {
   EXPECT_EQ(support.GetSupportType(), VYR2DGSupport::eSupportDummy);
   support.Reset();
   EXPECT_EQ(support.GetSupportType(), VYR2DGSupport::eSupportNone);
+}
+
+TEST(DummyDrawing, MatrixQueriesAnswerIdentityAndLeaveOutputsAlone) {
+  VYR2DGDummyDrawing drawing;
+  drawing.SetMatrixTransform(2, 0, 1, 0, 2, 1);
+  EXPECT_EQ(drawing.GetMatrixTransform(), VYR3x3Matrix());
+  float a = 7, b = 7, c = 7, d = 7, e = 7, f = 7;
+  drawing.GetMatrixTransform(a, b, c, d, e, f);
+  EXPECT_EQ(a + b + c + d + e + f, 42.0f);
 }

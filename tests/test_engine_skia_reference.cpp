@@ -17,7 +17,7 @@
 
 #include "AssertionCapture.h"
 #include "PngFile.h"
-#include "VYR2DGMatrixBridge.h"
+#include "VYR3x3Matrix.h"
 #include "VYR2DGSkiaDrawing.h"
 #include "VYR2DGSkiaSupport.h"
 
@@ -96,11 +96,11 @@ class SceneReplayer {
     const std::string op = i_op.at("op");
     if (op == "setMatrix" || op == "concat") {
       const json& m = i_op.at("m");
-      VYR2DGAffine affine{m[0], m[1], m[2], m[3], m[4], m[5]};
+      const VYR3x3Matrix matrix(m[0], m[1], m[2], m[3], m[4], m[5]);
       if (op == "setMatrix") {
-        _drawing.SetMatrixTransform(affine.a, affine.b, affine.c, affine.d, affine.e, affine.f);
+        _drawing.SetMatrixTransform(m[0], m[1], m[2], m[3], m[4], m[5]);
       } else {
-        _drawing.AddTransform(VYR2DGMakeMatrix(affine));
+        _drawing.AddTransform(matrix);
       }
     } else if (op == "translate") {
       _drawing.Translate(i_op.at("x"), i_op.at("y"));

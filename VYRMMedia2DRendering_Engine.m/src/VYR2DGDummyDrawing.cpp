@@ -1,6 +1,6 @@
 #include "VYR2DGDummyDrawing.h"
 
-#include "VYR2DGMatrixBridge.h"
+#include "VYR3x3Matrix.h"
 
 VYR_IMPLEMENT_CLASS(VYR2DGDummyDrawing, VYR2DGDrawing, "VYRMMedia2DRendering_Engine")
 

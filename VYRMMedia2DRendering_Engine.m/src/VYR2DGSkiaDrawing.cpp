@@ -4,9 +4,10 @@
 #include <cmath>
 #include <string>
 
-#include "VYR2DGMatrixBridge.h"
 #include "VYR2DGSkiaDrawingContext.h"
+#include "VYR3x3Matrix.h"
 #include "VYRAssert.h"
+#include "VYRMathVector2D.h"
 #include "VYRRasterBitmap.h"
 #include "VYRRasterCanvas.h"
 #include "VYRRasterDashPathEffect.h"
@@ -72,6 +73,16 @@ struct VYR2DGShape {
 };
 
 namespace {
+
+// The platform matrix split into its columns (a, d), (b, e) and its
+// translation (c, f).
+VYRRasterMatrix ToRasterMatrix(const VYR3x3Matrix& i_matrix) {
+  VYRMathVector2D firstColumn(1.0, 0.0), secondColumn(0.0, 1.0), translation(0.0, 0.0);
+  i_matrix.GetColumns(firstColumn, secondColumn, translation);
+  return VYRRasterMatrix::MakeAll(static_cast<float>(firstColumn.x), static_cast<float>(secondColumn.x),
+                                  static_cast<float>(translation.x), static_cast<float>(firstColumn.y),
+                                  static_cast<float>(secondColumn.y), static_cast<float>(translation.y));
+}
 
 VYRRasterRect ToRasterRect(const VYR2DGRect& i_rect) {
   return VYRRasterRect::MakeLTRB(i_rect.x, i_rect.y, i_rect.x + i_rect.width, i_rect.y + i_rect.height);
@@ -198,8 +209,9 @@ void VYR2DGSkiaDrawing::SetMatrixTransform(float i_a, float i_b, float i_c, floa
 }
 
 void VYR2DGSkiaDrawing::SetMatrixTransform(const VYR3x3Matrix& i_matrix) {
-  const VYR2DGAffine affine = VYR2DGSplitMatrix(i_matrix);
-  SetMatrixTransform(affine.a, affine.b, affine.c, affine.d, affine.e, affine.f);
+  const VYRRasterMatrix matrix = ToRasterMatrix(i_matrix);
+  SetMatrixTransform(matrix.getScaleX(), matrix.getSkewX(), matrix.getTranslateX(), matrix.getSkewY(),
+                     matrix.getScaleY(), matrix.getTranslateY());
 }
 
 void VYR2DGSkiaDrawing::GetMatrixTransform(float& o_a, float& o_b, float& o_c, float& o_d, float& o_e,
@@ -217,18 +229,16 @@ void VYR2DGSkiaDrawing::GetMatrixTransform(float& o_a, float& o_b, float& o_c, f
 }
 
 VYR3x3Matrix VYR2DGSkiaDrawing::GetMatrixTransform() {
-  VYR2DGAffine affine;
-  GetMatrixTransform(affine.a, affine.b, affine.c, affine.d, affine.e, affine.f);
-  return VYR2DGMakeMatrix(affine);
+  float a = 1.0f, b = 0.0f, c = 0.0f, d = 0.0f, e = 1.0f, f = 0.0f;
+  GetMatrixTransform(a, b, c, d, e, f);
+  return VYR3x3Matrix(a, b, c, d, e, f);
 }
 
 void VYR2DGSkiaDrawing::AddTransform(const VYR3x3Matrix& i_matrix) {
   if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
   VYRRasterCanvas* pCanvas = Canvas_();
   if (!VYR_CHECK_POINTER(pCanvas)) return;
-  const VYR2DGAffine affine = VYR2DGSplitMatrix(i_matrix);
-  VYRRasterMatrix matrix;
-  matrix.setAll(affine.a, affine.b, affine.c, affine.d, affine.e, affine.f);
+  const VYRRasterMatrix matrix = ToRasterMatrix(i_matrix);
   VYR_CHECK_CONDITION(pCanvas->concat(matrix));
 }
 
