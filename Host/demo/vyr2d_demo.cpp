@@ -1,13 +1,11 @@
 // Draws a scene with most drawing operations and writes it as a PNG:
 //   vyr2d_demo [out.png]
-#include <png.h>
-
 #include <cstdio>
-#include <cstring>
-#include <memory>
 
 #include "VYR2DGSkiaDrawing.h"
 #include "VYR2DGSkiaSupport.h"
+#include "VYRPixelImage.h"
+#include "VYRPixelImagePNG.h"
 
 namespace {
 
@@ -149,14 +147,26 @@ void DrawStateDemos(VYR2DGDrawing& d) {
   d.Restore(-1);
 }
 
-bool WritePng(const char* i_path, const unsigned char* i_pRgba) {
-  png_image image;
-  std::memset(&image, 0, sizeof image);
-  image.version = PNG_IMAGE_VERSION;
-  image.width = kWidth;
-  image.height = kHeight;
-  image.format = PNG_FORMAT_RGBA;
-  return png_image_write_to_file(&image, i_path, 0, i_pRgba, 0, nullptr) != 0;
+// The surface's pixels are the platform's premultiplied BGRA layout: the
+// image wraps them and the platform encodes them.
+bool WritePng(const char* i_path, VYR2DGSupport& i_support) {
+  unsigned char* pPixels = i_support.GetData(VYR2DGSupport::eMainBitmap);
+  if (pPixels == nullptr) return false;
+  auto* pImage = new VYRPixelImage(kWidth, kHeight, VYRPixelImageFormat_BGRA32Premultiplied, pPixels,
+                                   VYRDeallocatePixels_CallerKeepsPixels);
+  unsigned char* pBytes = nullptr;
+  int length = 0;
+  const bool encoded = VYRSucceeded(WriteToMemoryPNGPixelImage(pImage, &pBytes, &length, 0));
+  pImage->Release();
+  bool written = false;
+  if (encoded) {
+    if (FILE* pFile = std::fopen(i_path, "wb")) {
+      written = std::fwrite(pBytes, 1, static_cast<size_t>(length), pFile) == static_cast<size_t>(length);
+      written = std::fclose(pFile) == 0 && written;
+    }
+  }
+  delete[] pBytes;
+  return written;
 }
 
 }  // namespace
@@ -174,8 +184,7 @@ int main(int argc, char** argv) {
     DrawStateDemos(drawing);
     drawing.Flush();
   }
-  std::unique_ptr<unsigned char[]> rgba(pSupport->GetUnmultipliedData(VYR2DGSupport::eMainBitmap));
-  const bool written = rgba != nullptr && WritePng(outPath, rgba.get());
+  const bool written = WritePng(outPath, *pSupport);
   pSupport->Release();
   if (!written) {
     std::fprintf(stderr, "vyr2d_demo: could not write %s\n", outPath);
