@@ -3,6 +3,9 @@
 #include "VYRExport.h"
 #include "VYRMathPoint2D.h"
 #include "VYRMathVector2D.h"
+#include "VYRPrtModelForward.h"
+
+class VYRUnicodeString;
 
 class VYRI2DGStream;
 
@@ -19,4 +22,21 @@ class VYR_EXPORT VYRPrtStreamUnstreamHelper {
   // Same bytes as a point.
   static void SerializeVYRMathVector2D(VYRMathVector2D& i_vector, VYRI2DGStream* ipStream);
   static void CreateVYRMathVector2DFromStream(VYRMathVector2D& o_vector, VYRI2DGStream* ipStream);
+
+  // Elements: the StreamType tag, then the element's record; a null element
+  // is the single int 0. Reading takes an element of the tag's class from the
+  // factory and lets it read itself; tag 0, abstract and unknown tags yield
+  // null after consuming exactly the 4 tag bytes.
+  static VYRPrtGraphicPrimitiveElt* CreateVYRPrtGraphicPrimitiveEltFromStream(VYRI2DGStream* ipStream);
+  static void SerializeVYRPrtGraphicPrimitiveElt(VYRPrtGraphicPrimitiveElt* ipElt, VYRI2DGStream* ipStream);
+
+  // Texts as counted byte strings of their 8-bit form; an empty text reads
+  // back from the length 0 alone.
+  static void SerializeVYRUnicodeString(const VYRUnicodeString& i_text, VYRI2DGStream* ipStream);
+  static void CreateVYRUnicodeStringFromStream(VYRUnicodeString& o_text, VYRI2DGStream* ipStream);
+
+ private:
+  // A new element of the class the tag names, from the factory; null for
+  // tags that name no creatable class.
+  static VYRPrtGraphicPrimitiveElt* CreateElementOfType(int i_tag);
 };

@@ -1,6 +1,13 @@
 #include "VYRPrtStreamUnstreamHelper.h"
 
+#include "VYRAssert.h"
 #include "VYRI2DGStream.h"
+#include "VYRPrtClipPathElt.h"
+#include "VYRPrtEltFactory.h"
+#include "VYRPrtFilterContainerElt.h"
+#include "VYRPrtGraphicPrimitiveElt.h"
+#include "VYRPrtMaskElt.h"
+#include "VYRUnicodeString.h"
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(VYRMathPoint2D& i_point, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
@@ -27,4 +34,115 @@ void VYRPrtStreamUnstreamHelper::CreateVYRMathVector2DFromStream(VYRMathVector2D
   VYRMathPoint2D point;
   CreateVYRMathPoint2DFromStream(point, ipStream);
   o_vector = VYRMathVector2D(point.x, point.y);
+}
+
+namespace {
+
+// Elements nest through their clip path, mask and filter references (and
+// later their children); a damaged stream could nest them deep enough to
+// exhaust the stack, so reading refuses to go deeper than any real model does.
+constexpr int kMaxElementNesting = 512;
+int s_elementNesting = 0;
+
+template <class K>
+VYRPrtGraphicPrimitiveElt* MakeElement() {
+  return VYRPrtEltFactory::Get().CreateElement<K>(K::ClassName());
+}
+
+}  // namespace
+
+VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i_tag) {
+  switch (i_tag) {
+    case kStreamTypeClipPathElt:
+      return MakeElement<VYRPrtClipPathElt>();
+    case kStreamTypeMaskElt:
+      return MakeElement<VYRPrtMaskElt>();
+    case kStreamTypeFilterContainerElt:
+      return MakeElement<VYRPrtFilterContainerElt>();
+
+    // Creatable tags whose element classes are not written yet: each gets its
+    // MakeElement<Class>() here when its class arrives.
+    case kStreamTypeRectangleElt:             // VYRPrtRectangleElt
+    case kStreamTypeImageElt:                 // VYRPrtImageElt
+    case kStreamTypeFilterColorMatrixElt:     // VYRPrtFilterColorMatrixElt
+    case kStreamTypeFilterBlendElt:           // VYRPrtFilterBlendElt
+    case kStreamTypeFilterGaussianBlurElt:    // VYRPrtFilterGaussianBlurElt
+    case kStreamTypeFilterOffsetElt:          // VYRPrtFilterOffsetElt
+    case kStreamTypeFilterMergeElt:           // VYRPrtFilterMergeElt
+    case kStreamTypeFilterMergeNodeElt:       // VYRPrtFilterMergeNodeElt
+    case kStreamTypeCircleElt:                // VYRPrtCircleElt
+    case kStreamTypeCircularArcElt:           // VYRPrtCircularArcElt
+    case kStreamTypeClosedFigureElt:          // VYRPrtClosedFigureElt
+    case kStreamTypeClosedFigureRegionElt:    // VYRPrtClosedFigureRegionElt
+    case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
+    case kStreamTypeEllipseElt:               // VYRPrtEllipseElt
+    case kStreamTypeEllipticalArcElt:         // VYRPrtEllipticalArcElt
+    case kStreamTypeGroupElt:                 // VYRPrtGroupElt
+    case kStreamTypeGradientStopElt:          // VYRPrtGradientStopElt
+    case kStreamTypeLinearGradientElt:        // VYRPrtLinearGradientElt
+    case kStreamTypeLineElt:                  // VYRPrtLineElt
+    case kStreamTypeMarkerElt:                // VYRPrtMarkerElt
+    case kStreamTypeNURBSElt:                 // VYRPrtNURBSElt
+    case kStreamTypePathElt:                  // VYRPrtPathElt
+    case kStreamTypePatternElt:               // VYRPrtPatternElt
+    case kStreamTypePolyCubicBezierElt:       // VYRPrtPolyCubicBezierElt
+    case kStreamTypePolygonElt:               // VYRPrtPolygonElt
+    case kStreamTypePolylineElt:              // VYRPrtPolylineElt
+    case kStreamTypePolyPolygonElt:           // VYRPrtPolyPolygonElt
+    case kStreamTypePolyQuadraticBezierElt:   // VYRPrtPolyQuadraticBezierElt
+    case kStreamTypeRadialGradientElt:        // VYRPrtRadialGradientElt
+    case kStreamTypeSwitchElt:                // VYRPrtSwitchElt
+    case kStreamTypeSymbolElt:                // VYRPrtSymbolElt
+    case kStreamTypeBitmapImageElt:           // VYRPrtBitmapImageElt
+    case kStreamTypeDefsElt:                  // VYRPrtDefsElt
+    case kStreamTypeTextElt:                  // VYRPrtTextElt
+      return nullptr;
+
+    // Abstract classes are never created; 0 is the null element.
+    case kStreamTypeNull:
+    case kStreamTypeGraphicPrimitiveElt:
+    case kStreamTypeBaseGradientElt:
+    case kStreamTypeBaseShapeElt:
+    case kStreamTypePointBasedElt:
+    default:
+      return nullptr;
+  }
+}
+
+VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateVYRPrtGraphicPrimitiveEltFromStream(
+    VYRI2DGStream* ipStream) {
+  if (!ipStream) return nullptr;
+  int tag = kStreamTypeNull;
+  ipStream->Unstream(tag);
+  if (!VYR_CHECK_CONDITION_TEXT(s_elementNesting < kMaxElementNesting, "element nesting within limits")) {
+    return nullptr;
+  }
+  VYRPrtGraphicPrimitiveElt* pElt = CreateElementOfType(tag);
+  if (!pElt) return nullptr;
+  ++s_elementNesting;
+  pElt->Unstream(ipStream);
+  --s_elementNesting;
+  return pElt;
+}
+
+void VYRPrtStreamUnstreamHelper::SerializeVYRPrtGraphicPrimitiveElt(VYRPrtGraphicPrimitiveElt* ipElt,
+                                                                     VYRI2DGStream* ipStream) {
+  if (!ipStream) return;
+  if (!ipElt) {
+    ipStream->Stream(0);
+    return;
+  }
+  ipElt->Stream(ipStream);
+}
+
+void VYRPrtStreamUnstreamHelper::SerializeVYRUnicodeString(const VYRUnicodeString& i_text, VYRI2DGStream* ipStream) {
+  if (!ipStream) return;
+  ipStream->Stream(i_text.CastToCharPtr(), i_text.GetLengthInChar());
+}
+
+void VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(VYRUnicodeString& o_text, VYRI2DGStream* ipStream) {
+  if (!ipStream) return;
+  char* pText = ipStream->Unstream(true);
+  o_text = pText ? VYRUnicodeString(pText) : VYRUnicodeString();
+  delete[] pText;
 }
