@@ -113,8 +113,8 @@ TEST(StringStream, GrowthSequence) {
   for (int i = 0; i < 2047; ++i) EXPECT_EQ(stream.GetBuffer()[i], static_cast<char>(i)) << i;
   EXPECT_EQ(stream.GetBuffer()[2047], 'z');
 
-  std::string block(6144 - 2048, 'q');
-  stream.Stream(block.data(), static_cast<int>(block.size()) - 4);  // brings the size to 6144
+  std::string block(16384, 'q');
+  stream.Stream(block.data(), 6144 - 2048 - 4);  // brings the size to 6144
   EXPECT_EQ(stream.GetCapacity(), 14336);
   stream.Stream(block.data(), 14336 - 6144 - 4);
   EXPECT_EQ(stream.GetCapacity(), 30720);
