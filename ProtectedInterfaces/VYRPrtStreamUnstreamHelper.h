@@ -35,6 +35,11 @@ class VYR_EXPORT VYRPrtStreamUnstreamHelper {
   static void SerializeVYRUnicodeString(const VYRUnicodeString& i_text, VYRI2DGStream* ipStream);
   static void CreateVYRUnicodeStringFromStream(VYRUnicodeString& o_text, VYRI2DGStream* ipStream);
 
+  // Tag 5 and the table's record; a null table is the int 0. Reading yields a
+  // new table (the caller's) or null when the tag is not 5.
+  static VYRPrtColourTable* CreateVYRPrtColourTableFromStream(VYRI2DGStream* ipStream);
+  static void SerializeVYRPrtColourTable(VYRPrtColourTable* ipTable, VYRI2DGStream* ipStream);
+
  private:
   // A new element of the class the tag names, from the factory; null for
   // tags that name no creatable class.

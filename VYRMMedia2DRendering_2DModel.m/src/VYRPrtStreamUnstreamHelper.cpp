@@ -1,8 +1,11 @@
 #include "VYRPrtStreamUnstreamHelper.h"
 
+#include <new>
+
 #include "VYRAssert.h"
 #include "VYRI2DGStream.h"
 #include "VYRPrtClipPathElt.h"
+#include "VYRPrtColourTable.h"
 #include "VYRPrtEltFactory.h"
 #include "VYRPrtFilterContainerElt.h"
 #include "VYRPrtGraphicPrimitiveElt.h"
@@ -37,6 +40,14 @@ void VYRPrtStreamUnstreamHelper::CreateVYRMathVector2DFromStream(VYRMathVector2D
 }
 
 namespace {
+
+// The small tags of the records that are not elements.
+constexpr int kGradientTag = 1;
+constexpr int kGradientLinearTag = 2;
+constexpr int kGradientRadialTag = 3;
+constexpr int kPixelImageTag = 4;
+constexpr int kColourTableTag = 5;
+constexpr int kFilterColorAttributeTag = 6;
 
 // Elements nest through their clip path, mask and filter references (and
 // later their children); a damaged stream could nest them deep enough to
@@ -145,4 +156,23 @@ void VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(VYRUnicodeStri
   char* pText = ipStream->Unstream(true);
   o_text = pText ? VYRUnicodeString(pText) : VYRUnicodeString();
   delete[] pText;
+}
+
+VYRPrtColourTable* VYRPrtStreamUnstreamHelper::CreateVYRPrtColourTableFromStream(VYRI2DGStream* ipStream) {
+  if (!ipStream) return nullptr;
+  int tag = 0;
+  ipStream->Unstream(tag);
+  if (tag != kColourTableTag) return nullptr;
+  auto* pTable = new (std::nothrow) VYRPrtColourTable();
+  if (pTable) pTable->Unstream(ipStream);
+  return pTable;
+}
+
+void VYRPrtStreamUnstreamHelper::SerializeVYRPrtColourTable(VYRPrtColourTable* ipTable, VYRI2DGStream* ipStream) {
+  if (!ipStream) return;
+  if (!ipTable) {
+    ipStream->Stream(0);
+    return;
+  }
+  ipTable->Stream(ipStream);
 }
