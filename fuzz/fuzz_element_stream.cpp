@@ -6,6 +6,7 @@
 #include "VYR2DGStringStream.h"
 #include "VYRAssert.h"
 #include "VYRPrtEltFactory.h"
+#include "VYRPrtColourTable.h"
 #include "VYRPrtFillAttributes.h"
 #include "VYRPrtGroupAttributes.h"
 #include "VYRPrtStreamUnstreamHelper.h"
