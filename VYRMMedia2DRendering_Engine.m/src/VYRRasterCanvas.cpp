@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "VYRAssert.h"
 
@@ -293,7 +294,7 @@ void VYRRasterCanvas::drawShape(const VYRRasterPath& i_path, const VYRRasterPain
       for (uint8_t& v : strokeCoverage.alpha) v = Mul255(v, k);
       coverageScale = 1.0f;
     }
-    coverage = UnionMasks(coverage, strokeCoverage);
+    coverage = coverage.isEmpty() ? std::move(strokeCoverage) : UnionMasks(coverage, strokeCoverage);
   }
   if (inverse && style == VYRRasterPaint::kFill_Style) coverage = InvertMask(coverage, clipBounds);
   if (coverage.isEmpty()) return;
