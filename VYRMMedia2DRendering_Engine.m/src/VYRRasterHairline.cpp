@@ -35,6 +35,7 @@ void WalkSegment(float x0, float y0, float x1, float y1, float i_limitLow, float
     const float share = right - left;
     if (!(share > 0)) continue;
     const float across = y0 + slope * (0.5f * (left + right) - x0) - 0.5f;
+    if (!(std::fabs(across) < 1e8f)) continue;  // far off the mask; also keeps the casts defined
     const float below = std::floor(across);
     const float fraction = across - below;
     i_plot(column, static_cast<int>(below), share * (1.0f - fraction));
