@@ -63,6 +63,10 @@ class VYR_EXPORT VYR2DGStringStream : public VYRI2DGStream {
  private:
   struct SharedBlock;
 
+  template <class T>
+  void WriteValue(T i_value);
+  template <class T>
+  void ReadValue(T& o_value);
   // Writes w bytes taken from up to two pieces (a counted string is its length, then its bytes).
   void Write(const void* i_first, int i_firstLength, const void* i_second = nullptr, int i_secondLength = 0);
   // Copies w bytes to the destination, or zeroes it and fails when they are not there.

@@ -94,12 +94,34 @@ void VYR2DGStringStream::ReleaseBlock() {
   _pBuffer = nullptr;
 }
 
-void VYR2DGStringStream::Stream(float i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(double i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(unsigned int i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(int i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(unsigned char i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(char i_value) { Write(&i_value, sizeof i_value); }
+// Fixed-size values take a fast path when they fit; the general routines handle growth and failures.
+template <class T>
+inline void VYR2DGStringStream::WriteValue(T i_value) {
+  if (_size + static_cast<long long>(sizeof(T)) < _capacity) {
+    std::memcpy(_pCursor, &i_value, sizeof(T));
+    _pCursor += sizeof(T);
+    _size += static_cast<int>(sizeof(T));
+    return;
+  }
+  Write(&i_value, sizeof(T));
+}
+
+template <class T>
+inline void VYR2DGStringStream::ReadValue(T& o_value) {
+  if (!_failed && _pCursor && _size - (_pCursor - _pBuffer) >= static_cast<long long>(sizeof(T))) {
+    std::memcpy(&o_value, _pCursor, sizeof(T));
+    _pCursor += sizeof(T);
+    return;
+  }
+  Read(&o_value, sizeof(T));
+}
+
+void VYR2DGStringStream::Stream(float i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(double i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(unsigned int i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(int i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(unsigned char i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(char i_value) { WriteValue(i_value); }
 
 void VYR2DGStringStream::Stream(const char* i_bytes, int i_length) {
   if (i_length <= 0) {
@@ -110,12 +132,12 @@ void VYR2DGStringStream::Stream(const char* i_bytes, int i_length) {
   Write(&i_length, kLengthBytes, i_bytes, i_length);
 }
 
-void VYR2DGStringStream::Unstream(float& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(double& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(unsigned int& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(int& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(unsigned char& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(char& o_value) { Read(&o_value, sizeof o_value); }
+void VYR2DGStringStream::Unstream(float& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(double& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(unsigned int& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(int& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(unsigned char& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(char& o_value) { ReadValue(o_value); }
 
 char* VYR2DGStringStream::Unstream(bool i_zeroTerminated) {
   char* pLengthStart = _pCursor;
