@@ -131,8 +131,10 @@ void VYRRasterPath::addRoundRect(const VYRRasterRect& i_rect, float rx, float ry
     addRect(r, i_dir);
     return;
   }
-  rx = std::min(rx, r.width() / 2);
-  ry = std::min(ry, r.height() / 2);
+  // Radii too large for the rectangle shrink together, keeping the corners' shape.
+  const float scale = std::min({1.0f, r.width() / (2 * rx), r.height() / (2 * ry)});
+  rx *= scale;
+  ry *= scale;
   // Corner ovals in clockwise order from the top-right; each contributes a quarter arc.
   const VYRRasterRect corners[4] = {{r.right - 2 * rx, r.top, r.right, r.top + 2 * ry},
                                     {r.right - 2 * rx, r.bottom - 2 * ry, r.right, r.bottom},
