@@ -1,0 +1,335 @@
+#include "MMParsingTools.h"
+
+#include <cfloat>
+#include <cmath>
+
+#include "VYRAssert.h"
+
+namespace {
+
+// Keywords, built once when the library loads.
+const VYRUnicodeString s_userSpaceOnUse("userSpaceOnUse");
+const VYRUnicodeString s_objectBoundingBox("objectBoundingBox");
+const VYRUnicodeString s_matrix("matrix");
+const VYRUnicodeString s_saturate("saturate");
+const VYRUnicodeString s_hueRotate("hueRotate");
+const VYRUnicodeString s_luminanceToAlpha("luminanceToAlpha");
+
+constexpr char kDelimiter = ',';
+constexpr double kMaxExponent = 308.0;
+
+inline bool IsSpace(char i_char) {
+  const unsigned char byte = static_cast<unsigned char>(i_char);
+  return byte == 0x20 || byte == 0x09 || byte == 0x0A || byte == 0x0D;
+}
+
+inline bool IsDigit(char i_char) {
+  return static_cast<unsigned>(static_cast<unsigned char>(i_char)) - '0' < 10u;
+}
+
+inline int DigitValue(char i_char) { return i_char - '0'; }
+
+inline bool IsFinite(double i_value) { return i_value >= -DBL_MAX && i_value <= DBL_MAX; }
+
+// Reports a null cursor or end; the public entry points check once, the
+// helpers below trust their caller.
+bool RangeIsValid(const char* i_pStr, const char* i_pEnd) {
+  if (!VYR_CHECK_POINTER(i_pStr)) return false;
+  return VYR_CHECK_POINTER(i_pEnd);
+}
+
+inline bool SkipSpaces(const char*& io_pStr, const char* const i_pEnd) {
+  if (io_pStr >= i_pEnd) return false;
+  while (io_pStr < i_pEnd && IsSpace(*io_pStr)) ++io_pStr;
+  return io_pStr < i_pEnd;
+}
+
+inline bool SkipSpacesAndDelimiter(const char*& io_pStr, const char* const i_pEnd, char i_delimiter) {
+  if (io_pStr < i_pEnd && !IsSpace(*io_pStr) && *io_pStr != i_delimiter) return false;
+  if (!SkipSpaces(io_pStr, i_pEnd)) return false;
+  if (*io_pStr != i_delimiter) return true;
+  ++io_pStr;
+  SkipSpaces(io_pStr, i_pEnd);
+  return io_pStr < i_pEnd;
+}
+
+// 10^i_exponent by squaring, so that every exponent costs at most nine products.
+inline double PowerOfTen(unsigned i_exponent) {
+  double result = 1.0;
+  double base = 10.0;
+  while (i_exponent != 0) {
+    if (i_exponent & 1u) result *= base;
+    i_exponent >>= 1;
+    if (i_exponent != 0) base *= base;
+  }
+  return result;
+}
+
+// The SVG number grammar with the historical differences of this reader kept:
+// a trailing '.' ends the number before the sign is applied ("-5." is 5), an
+// 'e' followed by 'x' or 'm' is a unit, and exponents beyond 308 in magnitude
+// fail. Works on a local cursor so that the loops run on a register.
+bool ParseNumberInRange(const char*& io_pStr, const char* const i_pEnd, double& o_number) {
+  const char* const start = io_pStr;
+  const char* p = io_pStr;
+
+  bool negative = false;
+  if (p < i_pEnd && (*p == '+' || *p == '-')) {
+    negative = *p == '-';
+    ++p;
+  }
+  if (p >= i_pEnd || (!IsDigit(*p) && *p != '.')) {
+    io_pStr = p;
+    return false;
+  }
+
+  // Integer digits, summed from the last one back; a run long enough to make
+  // the place value overflow makes the number fail.
+  const char* const digits = p;
+  while (p < i_pEnd && IsDigit(*p)) ++p;
+  double integer = 0.0;
+  double place = 1.0;
+  for (const char* digit = p; digit > digits;) {
+    --digit;
+    integer += DigitValue(*digit) * place;
+    place *= 10.0;
+  }
+  if (!IsFinite(integer)) {
+    o_number = 0.0;
+    io_pStr = p;
+    return false;
+  }
+
+  double fraction = 0.0;
+  if (p < i_pEnd && *p == '.') {
+    ++p;
+    if (p >= i_pEnd || !IsDigit(*p)) {
+      o_number = integer;
+      io_pStr = p;
+      return true;
+    }
+    double fractionPlace = 0.1;
+    while (p < i_pEnd && IsDigit(*p)) {
+      fraction += DigitValue(*p) * fractionPlace;
+      fractionPlace *= 0.1;
+      ++p;
+    }
+  }
+
+  double exponent = 0.0;
+  bool negativeExponent = false;
+  if (p != start && i_pEnd - p > 1 && (*p == 'e' || *p == 'E') && p[1] != 'x' && p[1] != 'm') {
+    ++p;
+    if (*p == '+' || *p == '-') {
+      negativeExponent = *p == '-';
+      ++p;
+    }
+    if (p >= i_pEnd || !IsDigit(*p)) {
+      io_pStr = p;
+      return false;
+    }
+    while (p < i_pEnd && IsDigit(*p)) {
+      exponent = exponent * 10.0 + DigitValue(*p);
+      ++p;
+    }
+    if (!IsFinite(exponent) || exponent > kMaxExponent) {
+      io_pStr = p;
+      return false;
+    }
+  }
+  io_pStr = p;
+
+  double value = integer + fraction;
+  if (negative) value = -value;
+  if (exponent != 0.0) {
+    const double power = PowerOfTen(static_cast<unsigned>(exponent));
+    value *= negativeExponent ? 1.0 / power : power;
+  }
+  if (!IsFinite(value)) {
+    o_number = 0.0;
+    return false;
+  }
+  o_number = value;
+  return true;
+}
+
+// One value followed by spaces and at most one delimiter, as every list separates its values.
+inline bool ParseSeparatedNumber(const char*& io_pStr, const char* const i_pEnd, double& o_number) {
+  if (!ParseNumberInRange(io_pStr, i_pEnd, o_number)) return false;
+  SkipSpacesAndDelimiter(io_pStr, i_pEnd, kDelimiter);
+  return true;
+}
+
+// Runs a range parser over the whole of a string.
+template <class RangeParser>
+bool ParseString(const VYRUnicodeString& i_string, RangeParser&& i_parse) {
+  if (i_string.GetLengthInChar() < 1) return false;
+  const char* pStr = i_string.ConvertToChar();
+  if (!VYR_CHECK_POINTER(pStr)) return false;
+  const char* const pEnd = pStr + i_string.GetLengthInChar();
+  return i_parse(pStr, pEnd);
+}
+
+// Same result as adding or subtracting 360 until the angle lies in [-360, 360],
+// without a loop that a huge angle would never finish.
+double ReduceArcAngle(double i_angle) {
+  if (i_angle > 360.0) {
+    const double reduced = std::fmod(i_angle, 360.0);
+    return reduced == 0.0 ? 360.0 : reduced;
+  }
+  if (i_angle < -360.0) {
+    const double reduced = std::fmod(i_angle, 360.0);
+    return reduced == 0.0 ? -360.0 : reduced;
+  }
+  return i_angle;
+}
+
+}  // namespace
+
+bool MMParsingTools::IsSVGSpace(char i_char) { return IsSpace(i_char); }
+
+bool MMParsingTools::SkipSVGSpaces(const char*& io_pStr, const char* const i_pEnd) {
+  if (!RangeIsValid(io_pStr, i_pEnd)) return false;
+  return SkipSpaces(io_pStr, i_pEnd);
+}
+
+bool MMParsingTools::SkipSVGSpacesAndDelimiters(const char*& io_pStr, const char* const i_pEnd, char i_delimiter) {
+  if (!RangeIsValid(io_pStr, i_pEnd)) return false;
+  return SkipSpacesAndDelimiter(io_pStr, i_pEnd, i_delimiter);
+}
+
+bool MMParsingTools::ParseNumber(const char*& io_pStr, const char* const i_pEnd, double& o_number) {
+  if (!RangeIsValid(io_pStr, i_pEnd)) return false;
+  return ParseNumberInRange(io_pStr, i_pEnd, o_number);
+}
+
+bool MMParsingTools::ParseNumber(const VYRUnicodeString& i_string, double& o_number) {
+  return ParseString(i_string, [&](const char*& io_pStr, const char* pEnd) { return ParseNumber(io_pStr, pEnd, o_number); });
+}
+
+bool MMParsingTools::ParseNumberList(const char*& io_pStr, const char* const i_pEnd,
+                                     VYRSYPDynArray<double>& o_numbers) {
+  if (!RangeIsValid(io_pStr, i_pEnd)) return false;
+  if (!SkipSpaces(io_pStr, i_pEnd)) return io_pStr == i_pEnd;
+  while (io_pStr < i_pEnd) {
+    double number = 0.0;
+    if (!ParseSeparatedNumber(io_pStr, i_pEnd, number)) return false;
+    if (o_numbers.Append(number) < 0) return false;
+  }
+  return io_pStr == i_pEnd;
+}
+
+bool MMParsingTools::ParseNumberList(const VYRUnicodeString& i_string, VYRSYPDynArray<double>& o_numbers) {
+  return ParseString(i_string,
+                     [&](const char*& io_pStr, const char* pEnd) { return ParseNumberList(io_pStr, pEnd, o_numbers); });
+}
+
+bool MMParsingTools::ParseSVGPoint(const char*& io_pStr, const char* const i_pEnd, VYRMathPoint2D& o_point) {
+  if (!RangeIsValid(io_pStr, i_pEnd)) return false;
+  SkipSpaces(io_pStr, i_pEnd);
+  double x = 0.0;
+  double y = 0.0;
+  if (!ParseSeparatedNumber(io_pStr, i_pEnd, x)) return false;
+  if (!ParseNumberInRange(io_pStr, i_pEnd, y)) return false;
+  o_point = VYRMathPoint2D(x, y);
+  return true;
+}
+
+bool MMParsingTools::ParseSVGPoint(const VYRUnicodeString& i_string, VYRMathPoint2D& o_point) {
+  return ParseString(i_string,
+                     [&](const char*& io_pStr, const char* pEnd) { return ParseSVGPoint(io_pStr, pEnd, o_point); });
+}
+
+bool MMParsingTools::ParseSVGPointList(const char*& io_pStr, const char* const i_pEnd,
+                                       VYRSYPDynArray<VYRMathPoint2D>& o_points, MM2D::PathCoordMode i_mode,
+                                       bool i_flipY, double i_height) {
+  if (!RangeIsValid(io_pStr, i_pEnd)) return false;
+  if (!SkipSpaces(io_pStr, i_pEnd)) return io_pStr == i_pEnd;
+  while (io_pStr < i_pEnd) {
+    double x = 0.0;
+    double y = 0.0;
+    if (!ParseSeparatedNumber(io_pStr, i_pEnd, x)) return false;
+    if (!ParseSeparatedNumber(io_pStr, i_pEnd, y)) return false;
+    if (i_flipY) y = i_mode == MM2D::PathCoordRelative ? -y : i_height - y;
+    if (o_points.Append(VYRMathPoint2D(x, y)) < 0) return false;
+  }
+  return io_pStr == i_pEnd;
+}
+
+bool MMParsingTools::ParseSVGPointList(const VYRUnicodeString& i_string, VYRSYPDynArray<VYRMathPoint2D>& o_points,
+                                       MM2D::PathCoordMode i_mode, bool i_flipY, double i_height) {
+  return ParseString(i_string, [&](const char*& io_pStr, const char* pEnd) {
+    return ParseSVGPointList(io_pStr, pEnd, o_points, i_mode, i_flipY, i_height);
+  });
+}
+
+bool MMParsingTools::ParseSVGEllipticalArc(const char*& io_pStr, const char* const i_pEnd, double& o_rx, double& o_ry,
+                                           double& o_angle, bool& o_largeArc, bool& o_sweep, double& o_x,
+                                           double& o_y) {
+  if (!RangeIsValid(io_pStr, i_pEnd)) return false;
+  SkipSpaces(io_pStr, i_pEnd);
+  if (!ParseSeparatedNumber(io_pStr, i_pEnd, o_rx)) return false;
+  if (!ParseSeparatedNumber(io_pStr, i_pEnd, o_ry)) return false;
+  if (!ParseSeparatedNumber(io_pStr, i_pEnd, o_angle)) return false;
+  // The flags are read as whole numbers: "01" is one flag, and any non-zero value sets it.
+  double flag = 0.0;
+  if (!ParseSeparatedNumber(io_pStr, i_pEnd, flag)) return false;
+  o_largeArc = flag != 0.0;
+  if (!ParseSeparatedNumber(io_pStr, i_pEnd, flag)) return false;
+  o_sweep = flag != 0.0;
+  if (!ParseSeparatedNumber(io_pStr, i_pEnd, o_x)) return false;
+  if (!ParseSeparatedNumber(io_pStr, i_pEnd, o_y)) return false;
+  o_rx = std::fabs(o_rx);
+  o_ry = std::fabs(o_ry);
+  o_angle = ReduceArcAngle(o_angle);
+  return io_pStr <= i_pEnd;
+}
+
+bool MMParsingTools::ParseSVGEllipticalArc(const VYRUnicodeString& i_string, double& o_rx, double& o_ry,
+                                           double& o_angle, bool& o_largeArc, bool& o_sweep, double& o_x,
+                                           double& o_y) {
+  return ParseString(i_string, [&](const char*& io_pStr, const char* pEnd) {
+    return ParseSVGEllipticalArc(io_pStr, pEnd, o_rx, o_ry, o_angle, o_largeArc, o_sweep, o_x, o_y);
+  });
+}
+
+bool MMParsingTools::ParseSVGRect(const VYRUnicodeString& i_string, double& o_x, double& o_y, double& o_width,
+                                  double& o_height) {
+  return ParseString(i_string, [&](const char*& io_pStr, const char* pEnd) {
+    SkipSpaces(io_pStr, pEnd);
+    return ParseSeparatedNumber(io_pStr, pEnd, o_x) && ParseSeparatedNumber(io_pStr, pEnd, o_y) &&
+           ParseSeparatedNumber(io_pStr, pEnd, o_width) && ParseNumberInRange(io_pStr, pEnd, o_height);
+  });
+}
+
+MM2D::UnitType MMParsingTools::StringToUnitType(const VYRUnicodeString& i_string) {
+  if (i_string == s_userSpaceOnUse) return MM2D::UnitUserSpaceOnUse;
+  if (i_string == s_objectBoundingBox) return MM2D::UnitObjectBoundingBox;
+  return MM2D::UnitUnknown;
+}
+
+VYRUnicodeString MMParsingTools::UnitTypeToString(MM2D::UnitType i_type) {
+  switch (i_type) {
+    case MM2D::UnitUserSpaceOnUse: return s_userSpaceOnUse;
+    case MM2D::UnitObjectBoundingBox: return s_objectBoundingBox;
+    default: return VYRUnicodeString();
+  }
+}
+
+MM2D::ColorMatrixType MMParsingTools::StringToColorMatrixType(const VYRUnicodeString& i_string) {
+  if (i_string == s_matrix) return MM2D::ColorMatrixMatrix;
+  if (i_string == s_saturate) return MM2D::ColorMatrixSaturate;
+  if (i_string == s_hueRotate) return MM2D::ColorMatrixHueRotate;
+  if (i_string == s_luminanceToAlpha) return MM2D::ColorMatrixLuminanceToAlpha;
+  return MM2D::ColorMatrixUnknown;
+}
+
+VYRUnicodeString MMParsingTools::ColorMatrixTypeToString(MM2D::ColorMatrixType i_type) {
+  switch (i_type) {
+    case MM2D::ColorMatrixMatrix: return s_matrix;
+    case MM2D::ColorMatrixSaturate: return s_saturate;
+    case MM2D::ColorMatrixHueRotate: return s_hueRotate;
+    case MM2D::ColorMatrixLuminanceToAlpha: return s_luminanceToAlpha;
+    default: return VYRUnicodeString();
+  }
+}
