@@ -191,6 +191,7 @@ TEST(ParsingNumber, ExponentLimitAndOverflow) {
     EXPECT_EQ(overflow.value, 0.0) << text;
   }
 
+  EXPECT_NEAR(Number("12345678901234567890.5").value, 1.2345678901234567e19, 1e4);
   NumberResult longRun = Number(std::string(400, '9'), 9.0);
   EXPECT_FALSE(longRun.ok);
   EXPECT_EQ(longRun.value, 0.0);

@@ -17,6 +17,7 @@ const VYRUnicodeString s_luminanceToAlpha("luminanceToAlpha");
 
 constexpr char kDelimiter = ',';
 constexpr double kMaxExponent = 308.0;
+constexpr long kExactDigits = 15;  // every integer of this many digits is a double
 
 inline bool IsSpace(char i_char) {
   const unsigned char byte = static_cast<unsigned char>(i_char);
@@ -84,15 +85,23 @@ bool ParseNumberInRange(const char*& io_pStr, const char* const i_pEnd, double& 
   }
 
   // Integer digits, summed from the last one back; a run long enough to make
-  // the place value overflow makes the number fail.
+  // the place value overflow makes the number fail. Up to 15 digits every
+  // partial sum is exact, so the usual forward accumulation gives the same
+  // value in one pass.
   const char* const digits = p;
-  while (p < i_pEnd && IsDigit(*p)) ++p;
   double integer = 0.0;
-  double place = 1.0;
-  for (const char* digit = p; digit > digits;) {
-    --digit;
-    integer += DigitValue(*digit) * place;
-    place *= 10.0;
+  while (p < i_pEnd && IsDigit(*p)) {
+    integer = integer * 10.0 + DigitValue(*p);
+    ++p;
+  }
+  if (p - digits > kExactDigits) {
+    integer = 0.0;
+    double place = 1.0;
+    for (const char* digit = p; digit > digits;) {
+      --digit;
+      integer += DigitValue(*digit) * place;
+      place *= 10.0;
+    }
   }
   if (!IsFinite(integer)) {
     o_number = 0.0;
