@@ -2,7 +2,7 @@
 
 #include <cstddef>  // VYRSYPDynArray.h uses size_t without including it
 
-#include "MM2DTypes.h"
+#include "MM2DAttributeTypes.h"
 #include "VYRExport.h"
 #include "VYRMathPoint2D.h"
 #include "VYRSYPDynArray.h"
