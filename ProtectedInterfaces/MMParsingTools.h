@@ -6,10 +6,13 @@
 #include "VYRExport.h"
 #include "VYRMathPoint2D.h"
 #include "VYRSYPDynArray.h"
+#include "VYRStatus.h"
 #include "VYRUnicodeString.h"
+#include "VYRXMLDOM.h"
 
 // Static services that turn SVG attribute values into numbers, points, arcs
-// and rectangles, and SVG keywords into model enumerations.
+// and rectangles, SVG keywords into model enumerations, and SVG text held in
+// memory into a DOM without network access.
 //
 // Every range parser reads the half-open range [io_pStr, i_pEnd) and nothing
 // outside it, and leaves the cursor after what it consumed, so that calls can
@@ -54,4 +57,21 @@ class VYR_EXPORT MMParsingTools {
   static VYRUnicodeString UnitTypeToString(MM2D::UnitType i_type);
   static MM2D::ColorMatrixType StringToColorMatrixType(const VYRUnicodeString& i_string);
   static VYRUnicodeString ColorMatrixTypeToString(MM2D::ColorMatrixType i_type);
+
+  // Parses a document held in memory and hands back its root element. With
+  // type "svg" the buffer is first rewritten in place: the missing SVG and
+  // XLink namespace declarations go into the root start tag, and the DOCTYPE
+  // is pointed at the local copy of the SVG 1.1 DTD under the VYRInstallPath
+  // roots (left as it is when there is none). Validation is always off. A
+  // failed parse writes "XMLParser call has failed:" and the parser's message
+  // on standard error and returns the failure status.
+  static long BuildParser(VYRUnicodeString& io_buffer, const VYRUnicodeString& i_type, VYRIDOMElement_var& o_root);
+  // The next sibling of io_node that is not a text node, and its name without
+  // line feeds. Skipped text nodes move io_node along. VYR_E_FAIL at the end.
+  static long GetNextNode(VYRIDOMNode_var& io_node, VYRIDOMNode_var& o_next, VYRUnicodeString& o_name);
+  // A text node's text, or the concatenated text children of an element.
+  static long GetValue(const VYRIDOMNode_var& i_node, VYRUnicodeString& o_value);
+  static long WriteXMLBufferToFile(const VYRUnicodeString& i_buffer, const VYRUnicodeString& i_path);
+  // Puts the locale's decimal character in place of every '.'; VYR_E_FAIL when there is no '.'.
+  static long GetStringWithLocalDecimalChar(VYRUnicodeString& io_text);
 };

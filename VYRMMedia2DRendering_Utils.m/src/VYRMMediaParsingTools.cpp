@@ -2,8 +2,15 @@
 
 #include <cfloat>
 #include <cmath>
+#include <iostream>
+#include <string>
+#include <string_view>
 
 #include "VYRAssert.h"
+#include "VYRFile.h"
+#include "VYRLastError.h"
+#include "VYRSystem.h"
+#include "VYRXMLParser.h"
 
 namespace {
 
@@ -341,4 +348,247 @@ VYRUnicodeString MMParsingTools::ColorMatrixTypeToString(MM2D::ColorMatrixType i
     case MM2D::ColorMatrixLuminanceToAlpha: return s_luminanceToAlpha;
     default: return VYRUnicodeString();
   }
+}
+
+namespace {
+
+const char kSvgNamespace[] = "http://www.w3.org/2000/svg";
+const char kXLinkNamespace[] = "http://www.w3.org/1999/xlink";
+const char kSvg11SystemId[] = "http://www.w3.org/Graphics/SVG/1.1/DTD/svg11.dtd";
+const char kInstallPathVariable[] = "VYRInstallPath";
+const char kDtdDirectory[] = "resources/reffiles/svg_dtd";
+constexpr size_t kMaxPathLength = 260;  // terminator included
+constexpr std::string_view kRootTagStart = "<svg";
+constexpr size_t kNotFound = std::string_view::npos;
+
+// Position of i_what in [i_from, i_before) of the text, or kNotFound.
+size_t FindBefore(std::string_view i_text, std::string_view i_what, size_t i_from, size_t i_before) {
+  if (i_from > i_before || i_before > i_text.size()) return kNotFound;
+  const size_t found = i_text.substr(0, i_before).find(i_what, i_from);
+  return found;
+}
+
+// Last position of i_char in [i_from, i_before) of the text, or kNotFound.
+size_t ReverseFindBetween(std::string_view i_text, char i_char, size_t i_from, size_t i_before) {
+  const size_t found = i_text.substr(0, i_before).rfind(i_char);
+  return found != kNotFound && found >= i_from ? found : kNotFound;
+}
+
+// The root start tag runs from the first "<svg" to the first '>' after it.
+bool FindRootStartTag(std::string_view i_text, size_t& o_begin, size_t& o_end) {
+  o_begin = i_text.find(kRootTagStart);
+  if (o_begin == kNotFound) return false;
+  o_end = i_text.find('>', o_begin);
+  return o_end != kNotFound;
+}
+
+// True when one of the tag's "xmlns" attributes is the unprefixed one ("xmlns =" counts).
+bool DeclaresDefaultNamespace(std::string_view i_tag) {
+  for (size_t at = i_tag.find("xmlns"); at != kNotFound; at = i_tag.find("xmlns", at + 1)) {
+    const size_t nameEnd = at + 5;
+    const size_t equals = i_tag.find('=', nameEnd);
+    if (equals == kNotFound) return false;
+    bool onlyBlanks = true;
+    for (char c : i_tag.substr(nameEnd, equals - nameEnd)) onlyBlanks = onlyBlanks && (c == ' ' || c == '\t');
+    if (onlyBlanks) return true;
+  }
+  return false;
+}
+
+std::string QuotedAttribute(const char* i_name, const char* i_value) {
+  return std::string(" ") + i_name + "=\"" + i_value + "\" ";
+}
+
+// Both declarations go right after "<svg", XLink first, so a bare tag ends up
+// with the default namespace before the XLink one.
+void InsertNamespaceDeclarations(VYRUnicodeString& io_buffer) {
+  size_t begin = 0;
+  size_t end = 0;
+  if (!FindRootStartTag(io_buffer.GetStdString(), begin, end)) return;
+  const int afterName = static_cast<int>(begin + kRootTagStart.size());
+  std::string_view tag = std::string_view(io_buffer.GetStdString()).substr(begin, end - begin);
+  if (tag.find("xmlns:xlink") == kNotFound) {
+    const std::string declaration = QuotedAttribute("xmlns:xlink", kXLinkNamespace);
+    io_buffer.Insert(afterName, VYRUnicodeString(declaration));
+    end += declaration.size();
+  }
+  tag = std::string_view(io_buffer.GetStdString()).substr(begin, end - begin);
+  if (!DeclaresDefaultNamespace(tag)) io_buffer.Insert(afterName, VYRUnicodeString(QuotedAttribute("xmlns", kSvgNamespace)));
+}
+
+// The local copy of a DTD: i_directory/<file name> when a directory is given,
+// else the first readable <root>/resources/reffiles/svg_dtd/<file name> over
+// the VYRInstallPath roots.
+long ResolveLocalDtd(const std::string& i_reference, const VYRUnicodeString& i_directory, VYRUnicodeString& o_path) {
+  size_t slash = i_reference.rfind('/');
+  if (slash == std::string::npos) slash = i_reference.rfind('\\');
+  const std::string fileName = slash == std::string::npos ? i_reference : i_reference.substr(slash + 1);
+
+  if (!i_directory.IsEmpty()) {
+    const VYRUnicodeString candidate(i_directory.GetStdString() + "/" + fileName);
+    if (VYRFailed(VYRFileAccess(candidate, VYR_ACCESS_READ))) return VYR_E_FAIL;
+    o_path = candidate;
+    return VYR_S_OK;
+  }
+
+  VYRUnicodeString roots;
+  if (VYRFailed(VYRGetEnvironmentVariable(kInstallPathVariable, roots))) return VYR_E_FAIL;
+  for (const VYRUnicodeString& root : roots.Split(';')) {
+    if (root.IsEmpty()) continue;
+    const std::string candidate = root.GetStdString() + "/" + kDtdDirectory + "/" + fileName;
+    if (candidate.size() >= kMaxPathLength) continue;  // would not fit a path buffer
+    if (VYRSucceeded(VYRFileAccess(VYRUnicodeString(candidate), VYR_ACCESS_READ))) {
+      o_path = VYRUnicodeString(candidate);
+      return VYR_S_OK;
+    }
+  }
+  return VYR_E_FAIL;
+}
+
+// Makes the DOCTYPE name the SVG 1.1 DTD and replaces its system identifier by
+// the local copy, so that the parser never asks the network for it. Only the
+// prolog, before the root start tag, is searched: a large document costs one
+// scan, and text in the body is never touched.
+void PointDoctypeAtLocalDtd(VYRUnicodeString& io_buffer, const VYRUnicodeString& i_directory) {
+  const std::string& text = io_buffer.GetStdString();
+  auto prologEnd = [&text] { return std::min(text.find(kRootTagStart), text.size()); };
+  const size_t doctype = FindBefore(text, "<!DOCTYPE", 0, prologEnd());
+  if (doctype == kNotFound) return;
+
+  size_t dtd = FindBefore(text, ".dtd", doctype, prologEnd());
+  if (dtd == kNotFound) {
+    // A public identifier without a system identifier (or with another one): name the SVG 1.1 DTD.
+    const size_t end = prologEnd();
+    const size_t svg = FindBefore(text, "SVG", doctype, end);
+    const size_t publicClose = svg == kNotFound ? kNotFound : FindBefore(text, "\"", svg, end);
+    if (publicClose == kNotFound) return;
+    const size_t systemOpen = FindBefore(text, "\"", publicClose + 1, end);
+    const size_t systemClose = systemOpen == kNotFound ? kNotFound : FindBefore(text, "\"", systemOpen + 1, end);
+    size_t nextTag = FindBefore(text, "<", publicClose + 1, end);
+    if (nextTag == kNotFound) nextTag = end;
+    const VYRUnicodeString systemId(std::string(" \"") + kSvg11SystemId + "\" ");
+    if (systemClose != kNotFound && systemClose < nextTag) {
+      io_buffer.Replace(static_cast<int>(systemOpen), static_cast<int>(systemClose - systemOpen + 1), systemId);
+    } else {
+      io_buffer.Insert(static_cast<int>(publicClose + 1), systemId);
+    }
+    dtd = FindBefore(text, ".dtd", doctype, prologEnd());
+    if (dtd == kNotFound) return;
+  }
+
+  size_t open = ReverseFindBetween(text, '"', doctype, dtd);
+  if (open == kNotFound) open = ReverseFindBetween(text, '\'', doctype, dtd);
+  if (open == kNotFound) return;
+  const size_t referenceBegin = open + 1;
+  const size_t referenceLength = dtd + 4 - referenceBegin;
+  VYRUnicodeString localPath;
+  if (VYRFailed(ResolveLocalDtd(text.substr(referenceBegin, referenceLength), i_directory, localPath))) return;
+  io_buffer.Replace(static_cast<int>(referenceBegin), static_cast<int>(referenceLength), localPath);
+}
+
+void ReportParseFailure() {
+  std::string message = "XMLParser call has failed:\n";
+  if (VYRHasLastError()) message += VYRGetLastErrorMessage().GetStdString();
+  VYRClearLastError();
+  std::cerr << message << std::endl;
+}
+
+}  // namespace
+
+long MMParsingTools::BuildParser(VYRUnicodeString& io_buffer, const VYRUnicodeString& i_type,
+                                 VYRIDOMElement_var& o_root) {
+  VYRIXMLDOMDocumentBuilder* pBuilder = nullptr;
+  long status = CreateVYRIXMLDOMDocumentBuilder(VYR_XML_DOM_IMPLEMENTATION, pBuilder);
+  if (VYRFailed(status)) return status;
+  VYRIXMLSAX2Factory* pFactory = nullptr;
+  status = CreateVYRIXMLSAX2Factory(VYR_XML_SAX_IMPLEMENTATION, pFactory);
+  if (VYRFailed(status)) {
+    pBuilder->Release();
+    return status;
+  }
+
+  const bool isSvg = i_type == "svg";
+  if (isSvg) InsertNamespaceDeclarations(io_buffer);
+  VYRSYPDynArray<VYRUnicodeString> optionNames;
+  VYRSYPDynArray<VYRUnicodeString> optionValues;
+  optionNames.Append(VYR_XML_OPTION_DO_VALIDATION);
+  optionValues.Append("false");
+  if (isSvg) PointDoctypeAtLocalDtd(io_buffer, VYRUnicodeString());
+
+  VYRIXMLInputSource source;
+  status = pFactory->CreateInputSource(io_buffer, i_type, source);
+  if (VYRSucceeded(status)) {
+    VYRIDOMDocument_var document;
+    status = pBuilder->Parse(source, optionNames, optionValues, document);
+    if (VYRFailed(status) || document.IsNull()) {
+      ReportParseFailure();
+      if (VYRSucceeded(status)) status = VYR_E_FAIL;
+    } else {
+      status = document.GetDocumentElement(o_root);
+    }
+  }
+  pFactory->Release();
+  pBuilder->Release();
+  return status;
+}
+
+long MMParsingTools::GetNextNode(VYRIDOMNode_var& io_node, VYRIDOMNode_var& o_next, VYRUnicodeString& o_name) {
+  for (;;) {
+    VYRIDOMNode_var sibling;
+    if (VYRFailed(io_node.GetNextSibling(sibling)) || sibling.IsNull()) return VYR_E_FAIL;
+    const long nameStatus = sibling.GetNodeName(o_name);
+    if (VYRFailed(nameStatus)) return nameStatus;
+    int type = 0;
+    const long typeStatus = sibling.GetNodeType(type);
+    if (type == VYR_DOM_TEXT_NODE) {
+      io_node = sibling;
+      continue;
+    }
+    o_next = sibling;
+    o_name.RemoveChar('\n');
+    return typeStatus;
+  }
+}
+
+long MMParsingTools::GetValue(const VYRIDOMNode_var& i_node, VYRUnicodeString& o_value) {
+  o_value = VYRUnicodeString();
+  int type = 0;
+  long status = i_node.GetNodeType(type);
+  if (VYRFailed(status)) return status;
+  if (type == VYR_DOM_TEXT_NODE) return i_node.GetNodeValue(o_value);
+  if (type != VYR_DOM_ELEMENT_NODE) return VYR_E_FAIL;
+
+  VYRIDOMNode_var child;
+  status = i_node.GetFirstChild(child);
+  while (VYRSucceeded(status) && !child.IsNull()) {
+    int childType = 0;
+    if (VYRSucceeded(child.GetNodeType(childType)) && childType == VYR_DOM_TEXT_NODE) {
+      VYRUnicodeString text;
+      if (VYRSucceeded(child.GetNodeValue(text))) o_value += text;
+    }
+    VYRIDOMNode_var next;
+    status = child.GetNextSibling(next);
+    child = next;
+  }
+  return VYR_S_OK;
+}
+
+long MMParsingTools::WriteXMLBufferToFile(const VYRUnicodeString& i_buffer, const VYRUnicodeString& i_path) {
+  if (i_buffer.IsEmpty()) return VYR_E_FAIL;
+  VYRFileHandle file = nullptr;
+  long status = VYRFileOpen(i_path, "w+", file);
+  if (VYRFailed(status)) return status;
+  size_t written = 0;
+  const long writeStatus =
+      VYRFileWrite(file, i_buffer.ConvertToChar(), static_cast<size_t>(i_buffer.GetLengthInChar()), written);
+  status = VYRFileClose(file);
+  // A failed write must not be hidden by a close that succeeds.
+  return VYRFailed(writeStatus) ? writeStatus : status;
+}
+
+long MMParsingTools::GetStringWithLocalDecimalChar(VYRUnicodeString& io_text) {
+  if (io_text.IsEmpty() || !io_text.Contains(".")) return VYR_E_FAIL;
+  VYRUnicodeString decimalChar;
+  if (VYRFailed(VYRSysGetLocalDecimalChar(decimalChar)) || decimalChar == ".") return VYR_S_OK;
+  return io_text.ReplaceAll(".", decimalChar) > 0 ? VYR_S_OK : VYR_E_FAIL;
 }
