@@ -24,4 +24,5 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VYRMMedia2DRendering.pc DESTINATION ${
 
 # The installation root carries the resources (VYRInstallPath=<prefix>/share/VYRMMedia2DRendering).
 install(FILES ${VYR_SVG_DTD_FILES} DESTINATION ${CMAKE_INSTALL_DATADIR}/VYRMMedia2DRendering/resources/reffiles/svg_dtd)
-install(DIRECTORY resources/ICCColorProfiles DESTINATION ${CMAKE_INSTALL_DATADIR}/VYRMMedia2DRendering/resources)
+install(DIRECTORY resources/ICCColorProfiles DESTINATION ${CMAKE_INSTALL_DATADIR}/VYRMMedia2DRendering/resources
+  FILES_MATCHING PATTERN "*.icc" PATTERN "*.icm")

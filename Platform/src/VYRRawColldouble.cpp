@@ -1,0 +1,4 @@
+#include "VYRRawColldouble.h"
+
+// Out of line so that the class information is emitted once, by the library.
+VYRRawColldouble::~VYRRawColldouble() = default;
