@@ -1,0 +1,34 @@
+#pragma once
+
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMNode.hpp>
+
+#include <memory>
+
+#include "VYRUnicodeString.h"
+#include "VYRXMLDOM.h"
+
+// Owns a parsed document for the handles that refer into it, and converts
+// between the parser's UTF-16 text and the platform's UTF-8 strings.
+class VYRXMLDocumentData {
+ public:
+  explicit VYRXMLDocumentData(xercesc::DOMDocument* i_pDocument) : _pDocument(i_pDocument) {}
+  ~VYRXMLDocumentData();
+  VYRXMLDocumentData(const VYRXMLDocumentData&) = delete;
+  VYRXMLDocumentData& operator=(const VYRXMLDocumentData&) = delete;
+
+  static VYRIDOMDocument_var MakeDocumentHandle(const std::shared_ptr<VYRXMLDocumentData>& i_document);
+  // A handle on a node of the document a handle refers into; null for a null node.
+  static VYRIDOMNode_var MakeNodeHandle(const VYRIDOMNode_var& i_from, xercesc::DOMNode* i_pNode);
+  static xercesc::DOMNode* NodeOf(const VYRIDOMNode_var& i_handle) {
+    return static_cast<xercesc::DOMNode*>(i_handle._pNode);
+  }
+
+ private:
+  xercesc::DOMDocument* _pDocument;
+};
+
+// UTF-16 from the parser to UTF-8; empty for null.
+VYRUnicodeString VYRXMLToUnicodeString(const XMLCh* i_text);
+// UTF-8 to UTF-16 for the parser.
+std::u16string VYRXMLFromUnicodeString(const VYRUnicodeString& i_text);
