@@ -6,6 +6,7 @@
 #include "VYRMath3x3Matrix.h"
 #include "VYRMathPoint2D.h"
 #include "VYRMathVector2D.h"
+#include "MM2DAttributeTypes.h"
 #include "VYRPrtModelForward.h"
 
 class VYRUnicodeString;
@@ -51,8 +52,43 @@ class VYR_EXPORT VYRPrtStreamUnstreamHelper {
   static VYRPrtColourTable* CreateVYRPrtColourTableFromStream(VYRI2DGStream* ipStream);
   static void SerializeVYRPrtColourTable(VYRPrtColourTable* ipTable, VYRI2DGStream* ipStream);
 
+  // Tag 6 and the attribute's own fields; a null attribute is the int 0.
+  static VYRPrtFilterColorAttribute* CreateVYRPrtFilterColorAttributeFromStream(VYRI2DGStream* ipStream);
+  static void SerializeVYRPrtFilterColorAttribute(VYRPrtFilterColorAttribute* ipAttribute, VYRI2DGStream* ipStream);
+
+  // Tag 4, a PNG flag (1) or raw flag (0), width, height, byte count, format,
+  // read-only flag, the two pixel sizes, then the PNG or pixel bytes as a
+  // counted string; a null image is the int 0. Reading yields a new image
+  // (one reference, the caller's) or null.
+  static VYRPixelImage* CreateVYRPixelImageFromStream(VYRI2DGStream* ipStream);
+  static void SerializeVYRPixelImage(VYRPixelImage* ipImage, VYRI2DGStream* ipStream);
+
+  // Gradients: tag 1, 2 or 3, the common part (spread, stop count, stops,
+  // 3x3 matrix), then the kind's floats; a null gradient is the int 0. The
+  // readers fill a gradient the caller made after reading the tag itself.
+  static void SerializeVYRPrintGradient(VYRPrintGradient* ipGradient, VYRI2DGStream* ipStream);
+  static void SerializeVYRPrintGradientLinear(VYRPrintGradientLinear* ipGradient, VYRI2DGStream* ipStream);
+  static void SerializeVYRPrintGradientRadial(VYRPrintGradientRadial* ipGradient, VYRI2DGStream* ipStream);
+  static void CreateVYRPrintGradientFromStream(VYRPrintGradient* iopGradient, VYRI2DGStream* ipStream);
+  static void CreateVYRPrintGradientLinearFromStream(VYRPrintGradientLinear* iopGradient, VYRI2DGStream* ipStream);
+  static void CreateVYRPrintGradientRadialFromStream(VYRPrintGradientRadial* iopGradient, VYRI2DGStream* ipStream);
+  // Five floats, no tag; a null stop writes nothing.
+  static void SerializeVYRPrintGradientStop(VYRPrintGradientStop* ipStop, VYRI2DGStream* ipStream);
+  static void CreateVYRPrintGradientStopFromStream(VYRPrintGradientStop* iopStop, VYRI2DGStream* ipStream);
+
+  // The gradient of fill and stroke attributes. Writing: the linear form for
+  // type 1, the radial form for type 2, else the int 0. Reading: the kind tag,
+  // then a new gradient (one reference) for 2 or 3, else null.
+  static void SerializeGradientOfType(VYRPrintGradient* ipGradient, MM2D::GradientType i_type,
+                                      VYRI2DGStream* ipStream);
+  static VYRPrintGradient* CreateGradientFromKindTag(VYRI2DGStream* ipStream);
+  // A new default gradient (one reference) for types 1 and 2, null otherwise.
+  static VYRPrintGradient* CreateDefaultGradient(MM2D::GradientType i_type);
+
  private:
   // A new element of the class the tag names, from the factory; null for
   // tags that name no creatable class.
   static VYRPrtGraphicPrimitiveElt* CreateElementOfType(int i_tag);
+  static void SerializeGradientHelper(VYRPrintGradient* ipGradient, VYRI2DGStream* ipStream);
+  static void CreateGradientFromStreamHelper(VYRPrintGradient* iopGradient, VYRI2DGStream* ipStream);
 };

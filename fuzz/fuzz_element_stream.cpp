@@ -6,8 +6,11 @@
 #include "VYR2DGStringStream.h"
 #include "VYRAssert.h"
 #include "VYRPrtEltFactory.h"
+#include "VYRPrtColourTable.h"
+#include "VYRPrtFillAttributes.h"
 #include "VYRPrtGroupAttributes.h"
 #include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRPrtStrokeAttributes.h"
 
 namespace {
 void IgnoreReport(VYRAssertionKind, const char*, const char*, int) {}
@@ -27,7 +30,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* i_data, size_t i_size) {
   VYR2DGStringStream attributeStream(pBytes, length);
   VYRPrtGroupAttributes group;
   group.Unstream(&attributeStream);
+  VYRPrtFillAttributes fill;
+  fill.Unstream(&attributeStream);
+  VYRPrtStrokeAttributes stroke;
+  stroke.Unstream(&attributeStream);
   delete VYRPrtStreamUnstreamHelper::CreateVYRPrtColourTableFromStream(&attributeStream);
+  // What was read must write itself out again.
+  VYR2DGStringStream output;
+  fill.Stream(&output);
+  stroke.Stream(&output);
 
   VYRPrtEltFactory::Get().Release();
   return 0;

@@ -16,5 +16,5 @@ corpus="$build_dir/corpus/$target"
 artifacts="$build_dir/artifacts/"
 mkdir -p "$corpus" "$artifacts"
 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
-  "$build_dir/$target" -max_total_time="$seconds" -artifact_prefix="$artifacts" \
+  "$build_dir/fuzz/$target" -max_total_time="$seconds" -artifact_prefix="$artifacts" \
   -rss_limit_mb=2048 -timeout=10 "$corpus"
