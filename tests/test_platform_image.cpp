@@ -64,7 +64,7 @@ void AppendToBytes(png_structp i_png, png_bytep i_data, png_size_t i_length) {
   out->insert(out->end(), i_data, i_data + i_length);
 }
 
-bool WriteRawPNGInto(const RawPNG& i_spec, Bytes* o_bytes, std::vector<png_bytep>* io_rows) {
+bool WriteRawPNGInto(const RawPNG& i_layout, Bytes* o_bytes, std::vector<png_bytep>* io_rows) {
   png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
   png_infop info = png_create_info_struct(png);
   if (setjmp(png_jmpbuf(png))) {
@@ -72,14 +72,14 @@ bool WriteRawPNGInto(const RawPNG& i_spec, Bytes* o_bytes, std::vector<png_bytep
     return false;
   }
   png_set_write_fn(png, o_bytes, AppendToBytes, nullptr);
-  png_set_IHDR(png, info, i_spec.width, i_spec.height, i_spec.bitDepth, i_spec.colorType,
-               i_spec.interlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+  png_set_IHDR(png, info, i_layout.width, i_layout.height, i_layout.bitDepth, i_layout.colorType,
+               i_layout.interlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
                PNG_FILTER_TYPE_DEFAULT);
-  if (!i_spec.palette.empty())
-    png_set_PLTE(png, info, i_spec.palette.data(), static_cast<int>(i_spec.palette.size()));
-  if (!i_spec.paletteAlpha.empty())
-    png_set_tRNS(png, info, i_spec.paletteAlpha.data(), static_cast<int>(i_spec.paletteAlpha.size()), nullptr);
-  if (i_spec.hasTransparentColor) png_set_tRNS(png, info, nullptr, 0, &i_spec.transparentColor);
+  if (!i_layout.palette.empty())
+    png_set_PLTE(png, info, i_layout.palette.data(), static_cast<int>(i_layout.palette.size()));
+  if (!i_layout.paletteAlpha.empty())
+    png_set_tRNS(png, info, i_layout.paletteAlpha.data(), static_cast<int>(i_layout.paletteAlpha.size()), nullptr);
+  if (i_layout.hasTransparentColor) png_set_tRNS(png, info, nullptr, 0, &i_layout.transparentColor);
   png_write_info(png, info);
   png_write_image(png, io_rows->data());
   png_write_end(png, nullptr);
@@ -87,11 +87,11 @@ bool WriteRawPNGInto(const RawPNG& i_spec, Bytes* o_bytes, std::vector<png_bytep
   return true;
 }
 
-Bytes WriteRawPNG(RawPNG i_spec) {
+Bytes WriteRawPNG(RawPNG i_layout) {
   Bytes bytes;
   std::vector<png_bytep> rows;
-  for (Bytes& row : i_spec.rows) rows.push_back(row.data());
-  EXPECT_TRUE(WriteRawPNGInto(i_spec, &bytes, &rows));
+  for (Bytes& row : i_layout.rows) rows.push_back(row.data());
+  EXPECT_TRUE(WriteRawPNGInto(i_layout, &bytes, &rows));
   return bytes;
 }
 
@@ -319,6 +319,24 @@ TEST(PixelImage, ConvertToPremultipliedWritesBlueGreenRedAlpha) {
   VYRPixelImage* rgb = grey->ConvertTo(VYRPixelImageFormat_RGB24);
   EXPECT_EQ(PixelsOf(*rgb), (Bytes{124, 124, 124, 76, 76, 76, 9, 9, 9}));
   for (VYRPixelImage* image : {premultiplied, back, grey, rgb}) image->Release();
+}
+
+TEST(PixelImage, ConversionThroughStraightRGBAIsLossless) {
+  for (VYRPixelImageFormat format : kAllFormats) {
+    VYRPixelImage* image = RandomImage(9, 4, format, 40 + format);
+    VYRPixelImage* straight = image->ConvertTo(VYRPixelImageFormat_RGBA32);
+    ASSERT_NE(straight, nullptr);
+    for (int y = 0; y < 4; ++y) {
+      for (int x = 0; x < 9; ++x) {
+        unsigned char rgba[4];
+        image->GetColorAtPixel(x, y, rgba[0], rgba[1], rgba[2], rgba[3]);
+        ASSERT_EQ(0, std::memcmp(rgba, straight->GetPixels() + (y * 9 + x) * 4, 4)) << format;
+      }
+    }
+    VYRPixelImage* back = straight->ConvertTo(format);
+    EXPECT_EQ(PixelsOf(*back), PixelsOf(*image)) << format;
+    for (VYRPixelImage* i : {image, straight, back}) i->Release();
+  }
 }
 
 // ---- PNG

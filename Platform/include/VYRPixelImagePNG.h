@@ -25,5 +25,6 @@ VYR_EXPORT VYRStatus WriteToMemoryPNGPixelImage(const VYRPixelImage* i_pImage, u
 // alpha. Returns a new unlocked image (one reference, owned by the caller) whose pixel
 // sizes come from the physical pixel dimensions when the PNG has them, or null for
 // damaged or truncated data, or when the image would exceed
-// VYRPixelImage::GetMaximumByteCount(). i_options is a VYRPNGReadOptions value.
+// VYRPixelImage::GetMaximumByteCount(); such input is expected (streams can be damaged),
+// so null is its only report. i_options is a VYRPNGReadOptions value.
 VYR_EXPORT VYRPixelImage* ReadMemoryPNGPixelImage(const unsigned char* i_pBytes, int i_length, int i_options);

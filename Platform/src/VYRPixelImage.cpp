@@ -1,5 +1,6 @@
 #include "VYRPixelImage.h"
 
+#include <array>
 #include <climits>
 #include <cmath>
 #include <cstring>
@@ -13,6 +14,17 @@ namespace {
 
 constexpr float kDefaultPixelSizeMillimetres = 25.4f / 96.0f;
 size_t g_maximumByteCount = size_t(256) * 1024 * 1024;
+
+constexpr int BytesPerPixelOf(VYRPixelImageFormat i_format) {
+  switch (i_format) {
+    case VYRPixelImageFormat_Grey8: return 1;
+    case VYRPixelImageFormat_GreyAlpha16: return 2;
+    case VYRPixelImageFormat_RGB24: return 3;
+    case VYRPixelImageFormat_RGBA32:
+    case VYRPixelImageFormat_BGRA32Premultiplied: return 4;
+  }
+  return 0;
+}
 
 // The straight colour of the pixel at p, as red, green, blue, alpha.
 void ReadStraightColor(const unsigned char* p, VYRPixelImageFormat i_format, unsigned char o_rgba[4]) {
@@ -72,6 +84,30 @@ void WriteStraightColor(const unsigned char i_rgba[4], VYRPixelImageFormat i_for
     }
   }
 }
+
+// One conversion loop per pair of formats, so that the format tests fold away
+// inside the loop: images are converted each time they are drawn.
+using PixelConverter = void (*)(const unsigned char*, unsigned char*, size_t);
+
+template <int From, int To>
+void ConvertPixels(const unsigned char* i_source, unsigned char* o_target, size_t i_pixelCount) {
+  constexpr auto from = static_cast<VYRPixelImageFormat>(From), to = static_cast<VYRPixelImageFormat>(To);
+  constexpr int sourceStep = BytesPerPixelOf(from), targetStep = BytesPerPixelOf(to);
+  for (size_t i = 0; i < i_pixelCount; ++i, i_source += sourceStep, o_target += targetStep) {
+    unsigned char rgba[4];
+    ReadStraightColor(i_source, from, rgba);
+    WriteStraightColor(rgba, to, o_target);
+  }
+}
+
+template <int From>
+constexpr std::array<PixelConverter, 5> ConvertersFrom() {
+  return {&ConvertPixels<From, 0>, &ConvertPixels<From, 1>, &ConvertPixels<From, 2>, &ConvertPixels<From, 3>,
+          &ConvertPixels<From, 4>};
+}
+
+constexpr std::array<std::array<PixelConverter, 5>, 5> kConverters = {
+    ConvertersFrom<0>(), ConvertersFrom<1>(), ConvertersFrom<2>(), ConvertersFrom<3>(), ConvertersFrom<4>()};
 
 bool IsUsablePixelSize(float i_size) { return std::isfinite(i_size) && i_size > 0.0f; }
 
@@ -193,15 +229,7 @@ VYRPixelImage* VYRPixelImage::ConvertTo(VYRPixelImageFormat i_format) const {
   }
   converted->_xPixelSize = _xPixelSize;
   converted->_yPixelSize = _yPixelSize;
-  const size_t pixelCount = static_cast<size_t>(_width) * _height;
-  const int sourceStep = GetbytesPerPixel(), targetStep = converted->GetbytesPerPixel();
-  const unsigned char* source = _pPixels;
-  unsigned char* target = converted->_pPixels;
-  for (size_t i = 0; i < pixelCount; ++i, source += sourceStep, target += targetStep) {
-    unsigned char rgba[4];
-    ReadStraightColor(source, _format, rgba);
-    WriteStraightColor(rgba, i_format, target);
-  }
+  kConverters[_format][i_format](_pPixels, converted->_pPixels, static_cast<size_t>(_width) * _height);
   return converted;
 }
 
@@ -209,16 +237,7 @@ bool VYRPixelImage::IsValidFormat(int i_format) {
   return i_format >= VYRPixelImageFormat_Grey8 && i_format <= VYRPixelImageFormat_BGRA32Premultiplied;
 }
 
-int VYRPixelImage::GetBytesPerPixel(VYRPixelImageFormat i_format) {
-  switch (i_format) {
-    case VYRPixelImageFormat_Grey8: return 1;
-    case VYRPixelImageFormat_GreyAlpha16: return 2;
-    case VYRPixelImageFormat_RGB24: return 3;
-    case VYRPixelImageFormat_RGBA32:
-    case VYRPixelImageFormat_BGRA32Premultiplied: return 4;
-  }
-  return 0;
-}
+int VYRPixelImage::GetBytesPerPixel(VYRPixelImageFormat i_format) { return BytesPerPixelOf(i_format); }
 
 size_t VYRPixelImage::ComputeByteCount(int i_width, int i_height, VYRPixelImageFormat i_format) {
   const int bytesPerPixel = GetBytesPerPixel(i_format);
