@@ -1,6 +1,8 @@
 #pragma once
 
+#include "VYRAssert.h"
 #include "VYRExport.h"
+#include "VYRPrtEltFactory.h"
 #include "VYRPrtGraphicPrimitiveElt.h"
 #include "VYRSYPDynArray.h"
 
@@ -13,6 +15,7 @@ class VYR_EXPORT VYRPrtNodeTreeElt : public VYRPrtGraphicPrimitiveElt {
 
  public:
   ~VYRPrtNodeTreeElt() override = default;
+  using VYRPrtGraphicPrimitiveElt::operator=;
 
   // Appends the child (twice if added twice) and makes this node its father.
   void AddChild(VYRPrtGraphicPrimitiveElt* const i_pChildGP);
@@ -34,11 +37,23 @@ class VYR_EXPORT VYRPrtNodeTreeElt : public VYRPrtGraphicPrimitiveElt {
   // Copies share the children of the original.
   VYRPrtNodeTreeElt(const VYRPrtNodeTreeElt& i_nodeTreeElt) = default;
   VYRPrtNodeTreeElt& operator=(const VYRPrtNodeTreeElt& i_nodeTreeElt);
-  using VYRPrtGraphicPrimitiveElt::operator=;
 
   // Adds a duplicate of every child to i_target, in order; children that do
   // not duplicate are skipped. The duplicating containers share this.
   void DuplicateChildrenInto(VYRPrtNodeTreeElt& i_target) const;
+
+  // A new K from the factory holding a copy of i_source whose children are
+  // duplicates of i_source's, fathered by the copy (not shared with the
+  // source); null with the "opGPElt" report when the factory has none.
+  template <class K>
+  static K* DuplicateTree(const K& i_source) {
+    K* pCopy = VYRPrtEltFactory::Get().CreateElement<K>();
+    if (!VYR_CHECK_POINTER_TEXT(pCopy, "opGPElt")) return nullptr;
+    *pCopy = i_source;
+    pCopy->ClearChildArray();
+    i_source.DuplicateChildrenInto(*pCopy);
+    return pCopy;
+  }
 
  private:
   VYRSYPDynArray<VYRPrtGraphicPrimitiveElt*> _children;

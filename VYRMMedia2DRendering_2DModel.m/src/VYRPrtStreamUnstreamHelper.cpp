@@ -12,10 +12,14 @@
 #include "VYRPrintGradientStop.h"
 #include "VYRPrtClipPathElt.h"
 #include "VYRPrtColourTable.h"
+#include "VYRPrtDefsElt.h"
 #include "VYRPrtEltFactory.h"
 #include "VYRPrtFilterContainerElt.h"
 #include "VYRPrtGraphicPrimitiveElt.h"
+#include "VYRPrtGroupElt.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtSwitchElt.h"
+#include "VYRPrtSymbolElt.h"
 #include "VYRRawColldouble.h"
 #include "VYRUnicodeString.h"
 
@@ -141,6 +145,14 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtMaskElt>();
     case kStreamTypeFilterContainerElt:
       return MakeElement<VYRPrtFilterContainerElt>();
+    case kStreamTypeDefsElt:
+      return MakeElement<VYRPrtDefsElt>();
+    case kStreamTypeSymbolElt:
+      return MakeElement<VYRPrtSymbolElt>();
+    case kStreamTypeSwitchElt:
+      return MakeElement<VYRPrtSwitchElt>();
+    case kStreamTypeGroupElt:
+      return MakeElement<VYRPrtGroupElt>();
 
     // Creatable tags whose element classes are not written yet: each gets its
     // MakeElement<Class>() here when its class arrives.
@@ -159,7 +171,6 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
     case kStreamTypeEllipseElt:               // VYRPrtEllipseElt
     case kStreamTypeEllipticalArcElt:         // VYRPrtEllipticalArcElt
-    case kStreamTypeGroupElt:                 // VYRPrtGroupElt
     case kStreamTypeGradientStopElt:          // VYRPrtGradientStopElt
     case kStreamTypeLinearGradientElt:        // VYRPrtLinearGradientElt
     case kStreamTypeLineElt:                  // VYRPrtLineElt
@@ -173,10 +184,7 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     case kStreamTypePolyPolygonElt:           // VYRPrtPolyPolygonElt
     case kStreamTypePolyQuadraticBezierElt:   // VYRPrtPolyQuadraticBezierElt
     case kStreamTypeRadialGradientElt:        // VYRPrtRadialGradientElt
-    case kStreamTypeSwitchElt:                // VYRPrtSwitchElt
-    case kStreamTypeSymbolElt:                // VYRPrtSymbolElt
     case kStreamTypeBitmapImageElt:           // VYRPrtBitmapImageElt
-    case kStreamTypeDefsElt:                  // VYRPrtDefsElt
     case kStreamTypeTextElt:                  // VYRPrtTextElt
       return nullptr;
 
