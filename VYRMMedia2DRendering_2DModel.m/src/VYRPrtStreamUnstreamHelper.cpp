@@ -14,7 +14,19 @@
 #include "VYRPrtColourTable.h"
 #include "VYRPrtDefsElt.h"
 #include "VYRPrtEltFactory.h"
+#include "VYRPrtFilterColorAttribute.h"
 #include "VYRPrtFilterContainerElt.h"
+#include "VYRPrtFilterBlendElt.h"
+#include "VYRPrtFilterColorMatrixElt.h"
+#include "VYRPrtFilterGaussianBlurElt.h"
+#include "VYRPrtFilterMergeElt.h"
+#include "VYRPrtFilterMergeNodeElt.h"
+#include "VYRPrtFilterOffsetElt.h"
+#include "VYRPrtGradientStopElt.h"
+#include "VYRPrtLinearGradientElt.h"
+#include "VYRPrtMarkerElt.h"
+#include "VYRPrtPatternElt.h"
+#include "VYRPrtRadialGradientElt.h"
 #include "VYRPrtGraphicPrimitiveElt.h"
 #include "VYRPrtGroupElt.h"
 #include "VYRPrtMaskElt.h"
@@ -145,6 +157,28 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtMaskElt>();
     case kStreamTypeFilterContainerElt:
       return MakeElement<VYRPrtFilterContainerElt>();
+    case kStreamTypeFilterColorMatrixElt:
+      return MakeElement<VYRPrtFilterColorMatrixElt>();
+    case kStreamTypeFilterBlendElt:
+      return MakeElement<VYRPrtFilterBlendElt>();
+    case kStreamTypeFilterGaussianBlurElt:
+      return MakeElement<VYRPrtFilterGaussianBlurElt>();
+    case kStreamTypeFilterOffsetElt:
+      return MakeElement<VYRPrtFilterOffsetElt>();
+    case kStreamTypeFilterMergeElt:
+      return MakeElement<VYRPrtFilterMergeElt>();
+    case kStreamTypeFilterMergeNodeElt:
+      return MakeElement<VYRPrtFilterMergeNodeElt>();
+    case kStreamTypeGradientStopElt:
+      return MakeElement<VYRPrtGradientStopElt>();
+    case kStreamTypeLinearGradientElt:
+      return MakeElement<VYRPrtLinearGradientElt>();
+    case kStreamTypeMarkerElt:
+      return MakeElement<VYRPrtMarkerElt>();
+    case kStreamTypePatternElt:
+      return MakeElement<VYRPrtPatternElt>();
+    case kStreamTypeRadialGradientElt:
+      return MakeElement<VYRPrtRadialGradientElt>();
     case kStreamTypeDefsElt:
       return MakeElement<VYRPrtDefsElt>();
     case kStreamTypeSymbolElt:
@@ -158,12 +192,6 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     // MakeElement<Class>() here when its class arrives.
     case kStreamTypeRectangleElt:             // VYRPrtRectangleElt
     case kStreamTypeImageElt:                 // VYRPrtImageElt
-    case kStreamTypeFilterColorMatrixElt:     // VYRPrtFilterColorMatrixElt
-    case kStreamTypeFilterBlendElt:           // VYRPrtFilterBlendElt
-    case kStreamTypeFilterGaussianBlurElt:    // VYRPrtFilterGaussianBlurElt
-    case kStreamTypeFilterOffsetElt:          // VYRPrtFilterOffsetElt
-    case kStreamTypeFilterMergeElt:           // VYRPrtFilterMergeElt
-    case kStreamTypeFilterMergeNodeElt:       // VYRPrtFilterMergeNodeElt
     case kStreamTypeCircleElt:                // VYRPrtCircleElt
     case kStreamTypeCircularArcElt:           // VYRPrtCircularArcElt
     case kStreamTypeClosedFigureElt:          // VYRPrtClosedFigureElt
@@ -171,19 +199,14 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
     case kStreamTypeEllipseElt:               // VYRPrtEllipseElt
     case kStreamTypeEllipticalArcElt:         // VYRPrtEllipticalArcElt
-    case kStreamTypeGradientStopElt:          // VYRPrtGradientStopElt
-    case kStreamTypeLinearGradientElt:        // VYRPrtLinearGradientElt
     case kStreamTypeLineElt:                  // VYRPrtLineElt
-    case kStreamTypeMarkerElt:                // VYRPrtMarkerElt
     case kStreamTypeNURBSElt:                 // VYRPrtNURBSElt
     case kStreamTypePathElt:                  // VYRPrtPathElt
-    case kStreamTypePatternElt:               // VYRPrtPatternElt
     case kStreamTypePolyCubicBezierElt:       // VYRPrtPolyCubicBezierElt
     case kStreamTypePolygonElt:               // VYRPrtPolygonElt
     case kStreamTypePolylineElt:              // VYRPrtPolylineElt
     case kStreamTypePolyPolygonElt:           // VYRPrtPolyPolygonElt
     case kStreamTypePolyQuadraticBezierElt:   // VYRPrtPolyQuadraticBezierElt
-    case kStreamTypeRadialGradientElt:        // VYRPrtRadialGradientElt
     case kStreamTypeBitmapImageElt:           // VYRPrtBitmapImageElt
     case kStreamTypeTextElt:                  // VYRPrtTextElt
       return nullptr;
@@ -262,17 +285,19 @@ VYRPrtFilterColorAttribute* VYRPrtStreamUnstreamHelper::CreateVYRPrtFilterColorA
   int tag = 0;
   ipStream->Unstream(tag);
   if (tag != kFilterColorAttributeTag) return nullptr;
-  // The filter colour attribute class is not written yet: once it is, make
-  // one here and let it read its fields. Until then its record cannot be read.
-  return nullptr;
+  auto* pAttribute = new (std::nothrow) VYRPrtFilterColorAttribute();
+  if (pAttribute) pAttribute->Unstream(ipStream);
+  return pAttribute;
 }
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRPrtFilterColorAttribute(VYRPrtFilterColorAttribute* ipAttribute,
                                                                      VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  // Not written yet (see above): only the null form exists so far.
-  (void)ipAttribute;
-  ipStream->Stream(0);
+  if (!ipAttribute) {
+    ipStream->Stream(0);
+    return;
+  }
+  ipAttribute->Stream(ipStream);
 }
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRPixelImage(VYRPixelImage* ipImage, VYRI2DGStream* ipStream) {
