@@ -203,7 +203,9 @@ TEST_F(Document, VisibilitySnapshotsMirrorTheTreeAndRestoreIt) {
   VYRPrtVisibilityNode* groupNode = nullptr;
   ASSERT_EQ(model.GetVisibilityNode("g", groupNode), 1);
   EXPECT_EQ(groupNode->GetChild(1)->GetChild(1)->GetChild(1)->GetID(), VYRUnicodeString("leaf"));
-  EXPECT_EQ(model.GetVisibilityNode("absent", groupNode = nullptr), 0);
+  groupNode->Release();
+  EXPECT_EQ(model.GetVisibilityNode("absent", groupNode), 0);
+  EXPECT_EQ(groupNode, nullptr);
 
   // Change everything, including the anonymous group, then restore the snapshot.
   model.SetVisibility("leaf", 0, 0);
