@@ -1,8 +1,7 @@
-#include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRAssert.h"
 
 #include <new>
 
-#include "VYRAssert.h"
 #include "VYRI2DGStream.h"
 #include "VYRPixelImage.h"
 #include "VYRPixelImagePNG.h"
@@ -10,7 +9,10 @@
 #include "VYRPrintGradientLinear.h"
 #include "VYRPrintGradientRadial.h"
 #include "VYRPrintGradientStop.h"
+#include "VYRPrtBitmapImageElt.h"
 #include "VYRPrtClipPathElt.h"
+#include "VYRPrtClosedFigureElt.h"
+#include "VYRPrtClosedFigureRegionElt.h"
 #include "VYRPrtColourTable.h"
 #include "VYRPrtDefsElt.h"
 #include "VYRPrtEltFactory.h"
@@ -29,7 +31,9 @@
 #include "VYRPrtRadialGradientElt.h"
 #include "VYRPrtGraphicPrimitiveElt.h"
 #include "VYRPrtGroupElt.h"
+#include "VYRPrtImageElt.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtStreamUnstreamHelper.h"
 #include "VYRPrtSwitchElt.h"
 #include "VYRPrtSymbolElt.h"
 #include "VYRRawColldouble.h"
@@ -187,15 +191,20 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtSwitchElt>();
     case kStreamTypeGroupElt:
       return MakeElement<VYRPrtGroupElt>();
+    case kStreamTypeBitmapImageElt:
+      return MakeElement<VYRPrtBitmapImageElt>();
+    case kStreamTypeClosedFigureRegionElt:
+      return MakeElement<VYRPrtClosedFigureRegionElt>();
+    case kStreamTypeClosedFigureElt:
+      return MakeElement<VYRPrtClosedFigureElt>();
+    case kStreamTypeImageElt:
+      return MakeElement<VYRPrtImageElt>();
 
     // Creatable tags whose element classes are not written yet: each gets its
     // MakeElement<Class>() here when its class arrives.
     case kStreamTypeRectangleElt:             // VYRPrtRectangleElt
-    case kStreamTypeImageElt:                 // VYRPrtImageElt
     case kStreamTypeCircleElt:                // VYRPrtCircleElt
     case kStreamTypeCircularArcElt:           // VYRPrtCircularArcElt
-    case kStreamTypeClosedFigureElt:          // VYRPrtClosedFigureElt
-    case kStreamTypeClosedFigureRegionElt:    // VYRPrtClosedFigureRegionElt
     case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
     case kStreamTypeEllipseElt:               // VYRPrtEllipseElt
     case kStreamTypeEllipticalArcElt:         // VYRPrtEllipticalArcElt
@@ -207,7 +216,6 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     case kStreamTypePolylineElt:              // VYRPrtPolylineElt
     case kStreamTypePolyPolygonElt:           // VYRPrtPolyPolygonElt
     case kStreamTypePolyQuadraticBezierElt:   // VYRPrtPolyQuadraticBezierElt
-    case kStreamTypeBitmapImageElt:           // VYRPrtBitmapImageElt
     case kStreamTypeTextElt:                  // VYRPrtTextElt
       return nullptr;
 
