@@ -1,8 +1,7 @@
-#include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRAssert.h"
 
 #include <new>
 
-#include "VYRAssert.h"
 #include "VYRI2DGStream.h"
 #include "VYRPixelImage.h"
 #include "VYRPixelImagePNG.h"
@@ -10,12 +9,33 @@
 #include "VYRPrintGradientLinear.h"
 #include "VYRPrintGradientRadial.h"
 #include "VYRPrintGradientStop.h"
+#include "VYRPrtBitmapImageElt.h"
 #include "VYRPrtClipPathElt.h"
+#include "VYRPrtClosedFigureElt.h"
+#include "VYRPrtClosedFigureRegionElt.h"
 #include "VYRPrtColourTable.h"
+#include "VYRPrtDefsElt.h"
 #include "VYRPrtEltFactory.h"
+#include "VYRPrtFilterColorAttribute.h"
 #include "VYRPrtFilterContainerElt.h"
+#include "VYRPrtFilterBlendElt.h"
+#include "VYRPrtFilterColorMatrixElt.h"
+#include "VYRPrtFilterGaussianBlurElt.h"
+#include "VYRPrtFilterMergeElt.h"
+#include "VYRPrtFilterMergeNodeElt.h"
+#include "VYRPrtFilterOffsetElt.h"
+#include "VYRPrtGradientStopElt.h"
+#include "VYRPrtLinearGradientElt.h"
+#include "VYRPrtMarkerElt.h"
+#include "VYRPrtPatternElt.h"
+#include "VYRPrtRadialGradientElt.h"
 #include "VYRPrtGraphicPrimitiveElt.h"
+#include "VYRPrtGroupElt.h"
+#include "VYRPrtImageElt.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRPrtSwitchElt.h"
+#include "VYRPrtSymbolElt.h"
 #include "VYRRawColldouble.h"
 #include "VYRUnicodeString.h"
 
@@ -141,42 +161,61 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtMaskElt>();
     case kStreamTypeFilterContainerElt:
       return MakeElement<VYRPrtFilterContainerElt>();
+    case kStreamTypeFilterColorMatrixElt:
+      return MakeElement<VYRPrtFilterColorMatrixElt>();
+    case kStreamTypeFilterBlendElt:
+      return MakeElement<VYRPrtFilterBlendElt>();
+    case kStreamTypeFilterGaussianBlurElt:
+      return MakeElement<VYRPrtFilterGaussianBlurElt>();
+    case kStreamTypeFilterOffsetElt:
+      return MakeElement<VYRPrtFilterOffsetElt>();
+    case kStreamTypeFilterMergeElt:
+      return MakeElement<VYRPrtFilterMergeElt>();
+    case kStreamTypeFilterMergeNodeElt:
+      return MakeElement<VYRPrtFilterMergeNodeElt>();
+    case kStreamTypeGradientStopElt:
+      return MakeElement<VYRPrtGradientStopElt>();
+    case kStreamTypeLinearGradientElt:
+      return MakeElement<VYRPrtLinearGradientElt>();
+    case kStreamTypeMarkerElt:
+      return MakeElement<VYRPrtMarkerElt>();
+    case kStreamTypePatternElt:
+      return MakeElement<VYRPrtPatternElt>();
+    case kStreamTypeRadialGradientElt:
+      return MakeElement<VYRPrtRadialGradientElt>();
+    case kStreamTypeDefsElt:
+      return MakeElement<VYRPrtDefsElt>();
+    case kStreamTypeSymbolElt:
+      return MakeElement<VYRPrtSymbolElt>();
+    case kStreamTypeSwitchElt:
+      return MakeElement<VYRPrtSwitchElt>();
+    case kStreamTypeGroupElt:
+      return MakeElement<VYRPrtGroupElt>();
+    case kStreamTypeBitmapImageElt:
+      return MakeElement<VYRPrtBitmapImageElt>();
+    case kStreamTypeClosedFigureRegionElt:
+      return MakeElement<VYRPrtClosedFigureRegionElt>();
+    case kStreamTypeClosedFigureElt:
+      return MakeElement<VYRPrtClosedFigureElt>();
+    case kStreamTypeImageElt:
+      return MakeElement<VYRPrtImageElt>();
 
     // Creatable tags whose element classes are not written yet: each gets its
     // MakeElement<Class>() here when its class arrives.
     case kStreamTypeRectangleElt:             // VYRPrtRectangleElt
-    case kStreamTypeImageElt:                 // VYRPrtImageElt
-    case kStreamTypeFilterColorMatrixElt:     // VYRPrtFilterColorMatrixElt
-    case kStreamTypeFilterBlendElt:           // VYRPrtFilterBlendElt
-    case kStreamTypeFilterGaussianBlurElt:    // VYRPrtFilterGaussianBlurElt
-    case kStreamTypeFilterOffsetElt:          // VYRPrtFilterOffsetElt
-    case kStreamTypeFilterMergeElt:           // VYRPrtFilterMergeElt
-    case kStreamTypeFilterMergeNodeElt:       // VYRPrtFilterMergeNodeElt
     case kStreamTypeCircleElt:                // VYRPrtCircleElt
     case kStreamTypeCircularArcElt:           // VYRPrtCircularArcElt
-    case kStreamTypeClosedFigureElt:          // VYRPrtClosedFigureElt
-    case kStreamTypeClosedFigureRegionElt:    // VYRPrtClosedFigureRegionElt
     case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
     case kStreamTypeEllipseElt:               // VYRPrtEllipseElt
     case kStreamTypeEllipticalArcElt:         // VYRPrtEllipticalArcElt
-    case kStreamTypeGroupElt:                 // VYRPrtGroupElt
-    case kStreamTypeGradientStopElt:          // VYRPrtGradientStopElt
-    case kStreamTypeLinearGradientElt:        // VYRPrtLinearGradientElt
     case kStreamTypeLineElt:                  // VYRPrtLineElt
-    case kStreamTypeMarkerElt:                // VYRPrtMarkerElt
     case kStreamTypeNURBSElt:                 // VYRPrtNURBSElt
     case kStreamTypePathElt:                  // VYRPrtPathElt
-    case kStreamTypePatternElt:               // VYRPrtPatternElt
     case kStreamTypePolyCubicBezierElt:       // VYRPrtPolyCubicBezierElt
     case kStreamTypePolygonElt:               // VYRPrtPolygonElt
     case kStreamTypePolylineElt:              // VYRPrtPolylineElt
     case kStreamTypePolyPolygonElt:           // VYRPrtPolyPolygonElt
     case kStreamTypePolyQuadraticBezierElt:   // VYRPrtPolyQuadraticBezierElt
-    case kStreamTypeRadialGradientElt:        // VYRPrtRadialGradientElt
-    case kStreamTypeSwitchElt:                // VYRPrtSwitchElt
-    case kStreamTypeSymbolElt:                // VYRPrtSymbolElt
-    case kStreamTypeBitmapImageElt:           // VYRPrtBitmapImageElt
-    case kStreamTypeDefsElt:                  // VYRPrtDefsElt
     case kStreamTypeTextElt:                  // VYRPrtTextElt
       return nullptr;
 
@@ -254,17 +293,19 @@ VYRPrtFilterColorAttribute* VYRPrtStreamUnstreamHelper::CreateVYRPrtFilterColorA
   int tag = 0;
   ipStream->Unstream(tag);
   if (tag != kFilterColorAttributeTag) return nullptr;
-  // The filter colour attribute class is not written yet: once it is, make
-  // one here and let it read its fields. Until then its record cannot be read.
-  return nullptr;
+  auto* pAttribute = new (std::nothrow) VYRPrtFilterColorAttribute();
+  if (pAttribute) pAttribute->Unstream(ipStream);
+  return pAttribute;
 }
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRPrtFilterColorAttribute(VYRPrtFilterColorAttribute* ipAttribute,
                                                                      VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  // Not written yet (see above): only the null form exists so far.
-  (void)ipAttribute;
-  ipStream->Stream(0);
+  if (!ipAttribute) {
+    ipStream->Stream(0);
+    return;
+  }
+  ipAttribute->Stream(ipStream);
 }
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRPixelImage(VYRPixelImage* ipImage, VYRI2DGStream* ipStream) {
