@@ -10,12 +10,18 @@
 #include "VYRPrintGradientLinear.h"
 #include "VYRPrintGradientRadial.h"
 #include "VYRPrintGradientStop.h"
+#include "VYRPrtCircleElt.h"
+#include "VYRPrtCircularArcElt.h"
 #include "VYRPrtClipPathElt.h"
 #include "VYRPrtColourTable.h"
+#include "VYRPrtEllipseElt.h"
+#include "VYRPrtEllipticalArcElt.h"
 #include "VYRPrtEltFactory.h"
 #include "VYRPrtFilterContainerElt.h"
 #include "VYRPrtGraphicPrimitiveElt.h"
+#include "VYRPrtLineElt.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtRectangleElt.h"
 #include "VYRRawColldouble.h"
 #include "VYRUnicodeString.h"
 
@@ -141,10 +147,21 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtMaskElt>();
     case kStreamTypeFilterContainerElt:
       return MakeElement<VYRPrtFilterContainerElt>();
+    case kStreamTypeRectangleElt:
+      return MakeElement<VYRPrtRectangleElt>();
+    case kStreamTypeCircleElt:
+      return MakeElement<VYRPrtCircleElt>();
+    case kStreamTypeCircularArcElt:
+      return MakeElement<VYRPrtCircularArcElt>();
+    case kStreamTypeEllipseElt:
+      return MakeElement<VYRPrtEllipseElt>();
+    case kStreamTypeEllipticalArcElt:
+      return MakeElement<VYRPrtEllipticalArcElt>();
+    case kStreamTypeLineElt:
+      return MakeElement<VYRPrtLineElt>();
 
     // Creatable tags whose element classes are not written yet: each gets its
     // MakeElement<Class>() here when its class arrives.
-    case kStreamTypeRectangleElt:             // VYRPrtRectangleElt
     case kStreamTypeImageElt:                 // VYRPrtImageElt
     case kStreamTypeFilterColorMatrixElt:     // VYRPrtFilterColorMatrixElt
     case kStreamTypeFilterBlendElt:           // VYRPrtFilterBlendElt
@@ -152,17 +169,12 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     case kStreamTypeFilterOffsetElt:          // VYRPrtFilterOffsetElt
     case kStreamTypeFilterMergeElt:           // VYRPrtFilterMergeElt
     case kStreamTypeFilterMergeNodeElt:       // VYRPrtFilterMergeNodeElt
-    case kStreamTypeCircleElt:                // VYRPrtCircleElt
-    case kStreamTypeCircularArcElt:           // VYRPrtCircularArcElt
     case kStreamTypeClosedFigureElt:          // VYRPrtClosedFigureElt
     case kStreamTypeClosedFigureRegionElt:    // VYRPrtClosedFigureRegionElt
     case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
-    case kStreamTypeEllipseElt:               // VYRPrtEllipseElt
-    case kStreamTypeEllipticalArcElt:         // VYRPrtEllipticalArcElt
     case kStreamTypeGroupElt:                 // VYRPrtGroupElt
     case kStreamTypeGradientStopElt:          // VYRPrtGradientStopElt
     case kStreamTypeLinearGradientElt:        // VYRPrtLinearGradientElt
-    case kStreamTypeLineElt:                  // VYRPrtLineElt
     case kStreamTypeMarkerElt:                // VYRPrtMarkerElt
     case kStreamTypeNURBSElt:                 // VYRPrtNURBSElt
     case kStreamTypePathElt:                  // VYRPrtPathElt
