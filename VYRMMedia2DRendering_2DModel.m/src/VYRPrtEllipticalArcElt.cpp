@@ -1,5 +1,7 @@
 #include "VYRPrtEllipticalArcElt.h"
 
+#include <initializer_list>
+
 #include "VYRI2DGStream.h"
 #include "VYRPrtStreamUnstreamHelper.h"
 

@@ -21,6 +21,7 @@
 #include "VYRPrtGraphicPrimitiveElt.h"
 #include "VYRPrtLineElt.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtPathElt.h"
 #include "VYRPrtRectangleElt.h"
 #include "VYRRawColldouble.h"
 #include "VYRUnicodeString.h"
@@ -159,6 +160,8 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtEllipticalArcElt>();
     case kStreamTypeLineElt:
       return MakeElement<VYRPrtLineElt>();
+    case kStreamTypePathElt:
+      return MakeElement<VYRPrtPathElt>();
 
     // Creatable tags whose element classes are not written yet: each gets its
     // MakeElement<Class>() here when its class arrives.
@@ -177,7 +180,6 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     case kStreamTypeLinearGradientElt:        // VYRPrtLinearGradientElt
     case kStreamTypeMarkerElt:                // VYRPrtMarkerElt
     case kStreamTypeNURBSElt:                 // VYRPrtNURBSElt
-    case kStreamTypePathElt:                  // VYRPrtPathElt
     case kStreamTypePatternElt:               // VYRPrtPatternElt
     case kStreamTypePolyCubicBezierElt:       // VYRPrtPolyCubicBezierElt
     case kStreamTypePolygonElt:               // VYRPrtPolygonElt
