@@ -14,6 +14,7 @@
 #include "VYRPrtCircularArcElt.h"
 #include "VYRPrtClipPathElt.h"
 #include "VYRPrtColourTable.h"
+#include "VYRPrtDisjointPolylineElt.h"
 #include "VYRPrtEllipseElt.h"
 #include "VYRPrtEllipticalArcElt.h"
 #include "VYRPrtEltFactory.h"
@@ -21,7 +22,13 @@
 #include "VYRPrtGraphicPrimitiveElt.h"
 #include "VYRPrtLineElt.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtNURBSElt.h"
 #include "VYRPrtPathElt.h"
+#include "VYRPrtPolyCubicBezierElt.h"
+#include "VYRPrtPolyPolygonElt.h"
+#include "VYRPrtPolyQuadraticBezierElt.h"
+#include "VYRPrtPolygonElt.h"
+#include "VYRPrtPolylineElt.h"
 #include "VYRPrtRectangleElt.h"
 #include "VYRRawColldouble.h"
 #include "VYRUnicodeString.h"
@@ -162,6 +169,20 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtLineElt>();
     case kStreamTypePathElt:
       return MakeElement<VYRPrtPathElt>();
+    case kStreamTypeDisjointPolylineElt:
+      return MakeElement<VYRPrtDisjointPolylineElt>();
+    case kStreamTypeNURBSElt:
+      return MakeElement<VYRPrtNURBSElt>();
+    case kStreamTypePolyCubicBezierElt:
+      return MakeElement<VYRPrtPolyCubicBezierElt>();
+    case kStreamTypePolygonElt:
+      return MakeElement<VYRPrtPolygonElt>();
+    case kStreamTypePolylineElt:
+      return MakeElement<VYRPrtPolylineElt>();
+    case kStreamTypePolyPolygonElt:
+      return MakeElement<VYRPrtPolyPolygonElt>();
+    case kStreamTypePolyQuadraticBezierElt:
+      return MakeElement<VYRPrtPolyQuadraticBezierElt>();
 
     // Creatable tags whose element classes are not written yet: each gets its
     // MakeElement<Class>() here when its class arrives.
@@ -174,18 +195,11 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     case kStreamTypeFilterMergeNodeElt:       // VYRPrtFilterMergeNodeElt
     case kStreamTypeClosedFigureElt:          // VYRPrtClosedFigureElt
     case kStreamTypeClosedFigureRegionElt:    // VYRPrtClosedFigureRegionElt
-    case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
     case kStreamTypeGroupElt:                 // VYRPrtGroupElt
     case kStreamTypeGradientStopElt:          // VYRPrtGradientStopElt
     case kStreamTypeLinearGradientElt:        // VYRPrtLinearGradientElt
     case kStreamTypeMarkerElt:                // VYRPrtMarkerElt
-    case kStreamTypeNURBSElt:                 // VYRPrtNURBSElt
     case kStreamTypePatternElt:               // VYRPrtPatternElt
-    case kStreamTypePolyCubicBezierElt:       // VYRPrtPolyCubicBezierElt
-    case kStreamTypePolygonElt:               // VYRPrtPolygonElt
-    case kStreamTypePolylineElt:              // VYRPrtPolylineElt
-    case kStreamTypePolyPolygonElt:           // VYRPrtPolyPolygonElt
-    case kStreamTypePolyQuadraticBezierElt:   // VYRPrtPolyQuadraticBezierElt
     case kStreamTypeRadialGradientElt:        // VYRPrtRadialGradientElt
     case kStreamTypeSwitchElt:                // VYRPrtSwitchElt
     case kStreamTypeSymbolElt:                // VYRPrtSymbolElt
