@@ -30,6 +30,7 @@
 #include "VYRPrtPolygonElt.h"
 #include "VYRPrtPolylineElt.h"
 #include "VYRPrtRectangleElt.h"
+#include "VYRPrtTextElt.h"
 #include "VYRRawColldouble.h"
 #include "VYRUnicodeString.h"
 
@@ -169,6 +170,8 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtLineElt>();
     case kStreamTypePathElt:
       return MakeElement<VYRPrtPathElt>();
+    case kStreamTypeTextElt:
+      return MakeElement<VYRPrtTextElt>();
     case kStreamTypeDisjointPolylineElt:
       return MakeElement<VYRPrtDisjointPolylineElt>();
     case kStreamTypeNURBSElt:
@@ -205,7 +208,6 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
     case kStreamTypeSymbolElt:                // VYRPrtSymbolElt
     case kStreamTypeBitmapImageElt:           // VYRPrtBitmapImageElt
     case kStreamTypeDefsElt:                  // VYRPrtDefsElt
-    case kStreamTypeTextElt:                  // VYRPrtTextElt
       return nullptr;
 
     // Abstract classes are never created; 0 is the null element.
