@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VYR2DGDrawingTypes.h"
+#include "VYR2DGDrawingEnums.h"
 #include "VYRExport.h"
 #include "VYRPrtFilterBaseElt.h"
 
@@ -30,6 +30,6 @@ class VYR_EXPORT VYRPrtFilterBlendElt : public VYRPrtFilterBaseElt {
   void Unstream(VYRI2DGStream* ipStream) override;
 
  private:
-  VYR2DGTransferMode _mode = VYR2DGTransferSourceOver;
+  VYR2DGTransferMode _mode = eTransferSourceOver;
   VYRUnicodeString _input2;
 };

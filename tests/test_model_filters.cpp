@@ -107,7 +107,7 @@ TEST_F(Filters, ContainerAndPrimitivesRoundTripEveryField) {
   matrix->SetValues("90");
   auto* blend = Make<VYRPrtFilterBlendElt>();
   FillPrimitive(*blend, "blended");
-  blend->SetMode(VYR2DGTransferMultiply);
+  blend->SetMode(eTransferMultiply);
   blend->SetInput2("moved");
   auto* merge = Make<VYRPrtFilterMergeElt>();
   FillPrimitive(*merge, "merged");
@@ -154,7 +154,7 @@ TEST_F(Filters, ContainerAndPrimitivesRoundTripEveryField) {
   auto* blendBack = static_cast<VYRPrtFilterBlendElt*>(back->GetChild(3));
   ASSERT_STREQ(blendBack->IsA(), VYRPrtFilterBlendElt::ClassName());
   ExpectEqualPrimitives(*blend, *blendBack);
-  EXPECT_EQ(blendBack->GetMode(), VYR2DGTransferMultiply);
+  EXPECT_EQ(blendBack->GetMode(), eTransferMultiply);
   EXPECT_EQ(blendBack->GetInput2(), "moved");
 
   auto* mergeBack = static_cast<VYRPrtFilterMergeElt*>(back->GetChild(4));
@@ -192,7 +192,7 @@ TEST_F(Filters, NoFilterElementDuplicatesAndResetRestoresDefaults) {
   offset->SetOffset(1.0, 2.0);
   matrix->SetType(MM2D::ColorMatrixSaturate);
   matrix->SetValues("0.5");
-  blend->SetMode(VYR2DGTransferScreen);
+  blend->SetMode(eTransferScreen);
   blend->SetInput2("x");
   SetNonDefaultCommonAttributes(*container, "f");
   container->SetResolution(1.0, 1.0);
@@ -217,7 +217,7 @@ TEST_F(Filters, NoFilterElementDuplicatesAndResetRestoresDefaults) {
   EXPECT_EQ(offset->GetDy(), 0.0);
   EXPECT_EQ(matrix->GetType(), MM2D::ColorMatrixMatrix);
   EXPECT_TRUE(matrix->GetValues().IsEmpty());
-  EXPECT_EQ(blend->GetMode(), VYR2DGTransferSourceOver);
+  EXPECT_EQ(blend->GetMode(), eTransferSourceOver);
   EXPECT_TRUE(blend->GetInput2().IsEmpty());
 
   container->Reset();

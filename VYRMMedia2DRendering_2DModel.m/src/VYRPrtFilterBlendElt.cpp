@@ -16,7 +16,7 @@ VYRPrtFilterBlendElt& VYRPrtFilterBlendElt::operator=(const VYRPrtFilterBlendElt
 
 void VYRPrtFilterBlendElt::Reset() {
   VYRPrtFilterBaseElt::Reset();
-  _mode = VYR2DGTransferSourceOver;
+  _mode = eTransferSourceOver;
   _input2 = VYRUnicodeString();
 }
 

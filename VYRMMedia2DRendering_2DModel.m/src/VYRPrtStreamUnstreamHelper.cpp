@@ -10,11 +10,16 @@
 #include "VYRPrintGradientRadial.h"
 #include "VYRPrintGradientStop.h"
 #include "VYRPrtBitmapImageElt.h"
+#include "VYRPrtCircleElt.h"
+#include "VYRPrtCircularArcElt.h"
 #include "VYRPrtClipPathElt.h"
 #include "VYRPrtClosedFigureElt.h"
 #include "VYRPrtClosedFigureRegionElt.h"
 #include "VYRPrtColourTable.h"
 #include "VYRPrtDefsElt.h"
+#include "VYRPrtDisjointPolylineElt.h"
+#include "VYRPrtEllipseElt.h"
+#include "VYRPrtEllipticalArcElt.h"
 #include "VYRPrtEltFactory.h"
 #include "VYRPrtFilterColorAttribute.h"
 #include "VYRPrtFilterContainerElt.h"
@@ -32,10 +37,20 @@
 #include "VYRPrtGraphicPrimitiveElt.h"
 #include "VYRPrtGroupElt.h"
 #include "VYRPrtImageElt.h"
+#include "VYRPrtLineElt.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtNURBSElt.h"
+#include "VYRPrtPathElt.h"
+#include "VYRPrtPolyCubicBezierElt.h"
+#include "VYRPrtPolyPolygonElt.h"
+#include "VYRPrtPolyQuadraticBezierElt.h"
+#include "VYRPrtPolygonElt.h"
+#include "VYRPrtPolylineElt.h"
+#include "VYRPrtRectangleElt.h"
 #include "VYRPrtStreamUnstreamHelper.h"
 #include "VYRPrtSwitchElt.h"
 #include "VYRPrtSymbolElt.h"
+#include "VYRPrtTextElt.h"
 #include "VYRRawColldouble.h"
 #include "VYRUnicodeString.h"
 
@@ -199,25 +214,36 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtClosedFigureElt>();
     case kStreamTypeImageElt:
       return MakeElement<VYRPrtImageElt>();
-
-    // Creatable tags whose element classes are not written yet: each gets its
-    // MakeElement<Class>() here when its class arrives.
-    case kStreamTypeRectangleElt:             // VYRPrtRectangleElt
-    case kStreamTypeCircleElt:                // VYRPrtCircleElt
-    case kStreamTypeCircularArcElt:           // VYRPrtCircularArcElt
-    case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
-    case kStreamTypeEllipseElt:               // VYRPrtEllipseElt
-    case kStreamTypeEllipticalArcElt:         // VYRPrtEllipticalArcElt
-    case kStreamTypeLineElt:                  // VYRPrtLineElt
-    case kStreamTypeNURBSElt:                 // VYRPrtNURBSElt
-    case kStreamTypePathElt:                  // VYRPrtPathElt
-    case kStreamTypePolyCubicBezierElt:       // VYRPrtPolyCubicBezierElt
-    case kStreamTypePolygonElt:               // VYRPrtPolygonElt
-    case kStreamTypePolylineElt:              // VYRPrtPolylineElt
-    case kStreamTypePolyPolygonElt:           // VYRPrtPolyPolygonElt
-    case kStreamTypePolyQuadraticBezierElt:   // VYRPrtPolyQuadraticBezierElt
-    case kStreamTypeTextElt:                  // VYRPrtTextElt
-      return nullptr;
+    case kStreamTypeRectangleElt:
+      return MakeElement<VYRPrtRectangleElt>();
+    case kStreamTypeCircleElt:
+      return MakeElement<VYRPrtCircleElt>();
+    case kStreamTypeCircularArcElt:
+      return MakeElement<VYRPrtCircularArcElt>();
+    case kStreamTypeEllipseElt:
+      return MakeElement<VYRPrtEllipseElt>();
+    case kStreamTypeEllipticalArcElt:
+      return MakeElement<VYRPrtEllipticalArcElt>();
+    case kStreamTypeLineElt:
+      return MakeElement<VYRPrtLineElt>();
+    case kStreamTypePathElt:
+      return MakeElement<VYRPrtPathElt>();
+    case kStreamTypeTextElt:
+      return MakeElement<VYRPrtTextElt>();
+    case kStreamTypeDisjointPolylineElt:
+      return MakeElement<VYRPrtDisjointPolylineElt>();
+    case kStreamTypeNURBSElt:
+      return MakeElement<VYRPrtNURBSElt>();
+    case kStreamTypePolyCubicBezierElt:
+      return MakeElement<VYRPrtPolyCubicBezierElt>();
+    case kStreamTypePolygonElt:
+      return MakeElement<VYRPrtPolygonElt>();
+    case kStreamTypePolylineElt:
+      return MakeElement<VYRPrtPolylineElt>();
+    case kStreamTypePolyPolygonElt:
+      return MakeElement<VYRPrtPolyPolygonElt>();
+    case kStreamTypePolyQuadraticBezierElt:
+      return MakeElement<VYRPrtPolyQuadraticBezierElt>();
 
     // Abstract classes are never created; 0 is the null element.
     case kStreamTypeNull:
