@@ -1,0 +1,145 @@
+#pragma once
+
+#include <new>
+#include <unordered_map>
+
+#include "VYRAssert.h"
+#include "VYRBaseUnknown.h"
+#include "VYRExport.h"
+
+// One block of a class's pool: elements built all at once, handed out one at
+// a time and never given back. Blocks chain when one is exhausted.
+struct VYRPrtEltArrayBase {
+  explicit VYRPrtEltArrayBase(unsigned int i_blockSize) : _blockSize(i_blockSize) {}
+  VYRPrtEltArrayBase(const VYRPrtEltArrayBase&) = delete;
+  VYRPrtEltArrayBase& operator=(const VYRPrtEltArrayBase&) = delete;
+  // Chains can be long (small block sizes), so the blocks behind this one
+  // are destroyed in a loop rather than by recursion.
+  virtual ~VYRPrtEltArrayBase() {
+    VYRPrtEltArrayBase* pNext = _pNextBlock;
+    _pNextBlock = nullptr;
+    while (pNext) {
+      VYRPrtEltArrayBase* pAfter = pNext->_pNextBlock;
+      pNext->_pNextBlock = nullptr;
+      delete pNext;
+      pNext = pAfter;
+    }
+  }
+
+  unsigned int _blockSize;
+  unsigned int _nextHint = 0;
+  VYRPrtEltArrayBase* _pNextBlock = nullptr;
+};
+
+template <class K>
+struct VYRPrtEltArray : VYRPrtEltArrayBase {
+  // Null when the memory for the block cannot be had.
+  static VYRPrtEltArray* Make(unsigned int i_blockSize) {
+    auto* pBlock = new (std::nothrow) VYRPrtEltArray(i_blockSize);
+    if (pBlock && (!pBlock->_paElements || !pBlock->_paFreeFlags)) {
+      delete pBlock;
+      return nullptr;
+    }
+    return pBlock;
+  }
+
+  ~VYRPrtEltArray() override {
+    delete[] _paElements;
+    delete[] _paFreeFlags;
+  }
+
+  // Takes the hinted slot, else the first free one of the block; moves on
+  // down the chain (growing it) when this block has none left.
+  K* Take() {
+    VYRPrtEltArray* pBlock = this;
+    while (pBlock) {
+      unsigned int hint = pBlock->_nextHint;
+      if (hint < pBlock->_blockSize) {
+        unsigned int index = hint;
+        bool found = pBlock->_paFreeFlags[hint] == 1;
+        for (unsigned int i = 0; !found && i < pBlock->_blockSize; ++i) {
+          if (pBlock->_paFreeFlags[i] == 1) {
+            index = i;
+            found = true;
+          }
+        }
+        if (found) {
+          // The hint moves on from the old hint, even when the scan found the slot.
+          pBlock->_nextHint = hint + 1;
+          pBlock->_paFreeFlags[index] = 0;
+          return &pBlock->_paElements[index];
+        }
+      }
+      if (!pBlock->_pNextBlock) pBlock->_pNextBlock = Make(NextBlockSize());
+      pBlock = static_cast<VYRPrtEltArray*>(pBlock->_pNextBlock);
+    }
+    return nullptr;
+  }
+
+  K* _paElements = nullptr;
+  unsigned char* _paFreeFlags = nullptr;
+
+ private:
+  static unsigned int NextBlockSize();
+
+  explicit VYRPrtEltArray(unsigned int i_blockSize) : VYRPrtEltArrayBase(i_blockSize) {
+    _paElements = new (std::nothrow) K[i_blockSize];
+    _paFreeFlags = new (std::nothrow) unsigned char[i_blockSize];
+    if (!_paElements || !_paFreeFlags) return;
+    for (unsigned int i = 0; i < i_blockSize; ++i) {
+      _paElements[i].MarkAsPooled();
+      _paFreeFlags[i] = 1;
+    }
+  }
+};
+
+// The one source of model elements: a pool per element class, keyed by the
+// class-name pointer IsA() returns (compared as a pointer, not as text). The
+// singleton lives while models hold references to it; when the last goes,
+// every pooled element of every class goes with it.
+class VYR_EXPORT VYRPrtEltFactory : public VYRBaseUnknown {
+  VYR_DECLARE_CLASS(VYRPrtEltFactory)
+
+ public:
+  static VYRPrtEltFactory& Get();
+  // Adds a reference to the singleton when there is one.
+  static void AddReference();
+
+  // Size of blocks made from now on; blocks already made keep theirs.
+  static void SetBlockSize(unsigned int i_blockSize);
+  static unsigned int GetBlockSize();
+
+  // Elements handed out from the first block of the named class's pool.
+  unsigned int GetElementCount(const char* i_className) const;
+
+  // An element of class K in its default state, owned by the factory: never
+  // delete it. i_className must be the pointer K's IsA() returns.
+  template <class K>
+  K* CreateElement(const char* i_className = K::ClassName());
+
+  ~VYRPrtEltFactory() override;
+
+ private:
+  VYRPrtEltFactory() = default;
+
+  std::unordered_map<const char*, VYRPrtEltArrayBase*> _pools;
+  static VYRPrtEltFactory* s_pFactory;
+  static unsigned int s_blockSize;
+};
+
+template <class K>
+unsigned int VYRPrtEltArray<K>::NextBlockSize() {
+  return VYRPrtEltFactory::GetBlockSize();
+}
+
+template <class K>
+K* VYRPrtEltFactory::CreateElement(const char* i_className) {
+  auto it = _pools.find(i_className);
+  if (it == _pools.end()) it = _pools.emplace(i_className, VYRPrtEltArray<K>::Make(s_blockSize)).first;
+  VYRPrtEltArrayBase* pEltArray = it->second;
+  if (!pEltArray) {
+    VYRReportNullPointer("pEltArray", "VYRPrtEltFactory.inl", 122);
+    return nullptr;
+  }
+  return static_cast<VYRPrtEltArray<K>*>(pEltArray)->Take();
+}

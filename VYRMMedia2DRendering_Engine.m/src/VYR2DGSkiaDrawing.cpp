@@ -1,0 +1,704 @@
+#include "VYR2DGSkiaDrawing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "VYR2DGSkiaDrawingContext.h"
+#include "VYR3x3Matrix.h"
+#include "VYRAssert.h"
+#include "VYRMathVector2D.h"
+#include "VYRRasterBitmap.h"
+#include "VYRRasterCanvas.h"
+#include "VYRRasterDashPathEffect.h"
+#include "VYRRasterPaint.h"
+#include "VYRRasterPath.h"
+
+VYR_IMPLEMENT_ABSTRACT_CLASS(VYR2DGSkiaDrawing, VYR2DGDrawing, "VYRMMedia2DRendering_Engine")
+
+// One shape of the shape operations, able to draw itself on a canvas and to
+// add itself to a path.
+struct VYR2DGShape {
+  enum Kind { eRect, eRoundRect, eCircle, eOval, eLine, ePolyline };
+  explicit VYR2DGShape(Kind i_kind) : kind(i_kind) {}
+  Kind kind;
+  VYRRasterRect rect;                      // eRect, eRoundRect, eOval
+  float rx = 0.0f, ry = 0.0f;              // eRoundRect
+  float cx = 0.0f, cy = 0.0f, radius = 0.0f;  // eCircle
+  VYRMathPoint2Df from, to;                // eLine
+  const VYR2DGDrawing::PointList* pPoints = nullptr;  // ePolyline
+  bool closed = false;                     // ePolyline
+
+  // Closed figures go counter-clockwise, as clip paths take them.
+  void AddTo(VYRRasterPath& io_path) const {
+    const auto ccw = VYRRasterPath::kCCW_Direction;
+    switch (kind) {
+      case eRect: io_path.addRect(rect, ccw); break;
+      case eRoundRect: io_path.addRoundRect(rect, rx, ry, ccw); break;
+      case eCircle: io_path.addCircle(cx, cy, radius, ccw); break;
+      case eOval: io_path.addOval(rect, ccw); break;
+      case eLine:
+        io_path.moveTo(from);
+        io_path.lineTo(to);
+        break;
+      case ePolyline:
+        AddPolyline(io_path);
+        if (closed) io_path.close();
+        break;
+    }
+  }
+
+  void DrawOn(VYRRasterCanvas& io_canvas, const VYRRasterPaint& i_paint) const {
+    switch (kind) {
+      case eRect: io_canvas.drawRect(rect, i_paint); break;
+      case eRoundRect: io_canvas.drawRoundRect(rect, rx, ry, i_paint); break;
+      case eCircle: io_canvas.drawCircle(cx, cy, radius, i_paint); break;
+      case eOval: io_canvas.drawOval(rect, i_paint); break;
+      case eLine: io_canvas.drawLine(from.x, from.y, to.x, to.y, i_paint); break;
+      case ePolyline: {
+        VYRRasterPath path;
+        AddPolyline(path);
+        if (closed) path.close();
+        io_canvas.drawPath(path, i_paint);
+        break;
+      }
+    }
+  }
+
+  void AddPolyline(VYRRasterPath& io_path) const {
+    const VYR2DGDrawing::PointList& points = *pPoints;
+    io_path.moveTo(points[0]);
+    for (int i = 1; i < points.GetLength(); ++i) io_path.lineTo(points[i]);
+  }
+};
+
+namespace {
+
+// The platform matrix split into its columns (a, d), (b, e) and its
+// translation (c, f).
+VYRRasterMatrix ToRasterMatrix(const VYR3x3Matrix& i_matrix) {
+  VYRMathVector2D firstColumn(1.0, 0.0), secondColumn(0.0, 1.0), translation(0.0, 0.0);
+  i_matrix.GetColumns(firstColumn, secondColumn, translation);
+  return VYRRasterMatrix::MakeAll(static_cast<float>(firstColumn.x), static_cast<float>(secondColumn.x),
+                                  static_cast<float>(translation.x), static_cast<float>(firstColumn.y),
+                                  static_cast<float>(secondColumn.y), static_cast<float>(translation.y));
+}
+
+VYRRasterRect ToRasterRect(const VYR2DGRect& i_rect) {
+  return VYRRasterRect::MakeLTRB(i_rect.x, i_rect.y, i_rect.x + i_rect.width, i_rect.y + i_rect.height);
+}
+
+VYRRasterRect OvalBounds(const VYRMathPoint2Df& i_centre, float i_rx, float i_ry) {
+  const float left = i_centre.x - i_rx;
+  const float top = i_centre.y - i_ry;
+  return VYRRasterRect::MakeLTRB(left, top, left + 2 * i_rx, top + 2 * i_ry);
+}
+
+// The one mapping of transfer modes, for shapes and layers alike: 13 is
+// multiply, and anything outside 0..27 is source-over.
+int RasterTransferMode(VYR2DGTransferMode i_mode) {
+  const int mode = static_cast<int>(i_mode);
+  return mode >= eTransferClear && mode <= eTransferLuminosity ? mode : kSrcOver_VYRBlendMode;
+}
+
+VYRRasterCanvas::ClipOp RasterClipOp(VYR2DGClipOperator i_operator) {
+  switch (static_cast<int>(i_operator)) {
+    case eClipDifference: return VYRRasterCanvas::kDifference_Op;
+    case eClipUnion: return VYRRasterCanvas::kUnion_Op;
+    default: return VYRRasterCanvas::kIntersect_Op;
+  }
+}
+
+VYRRasterPath::FillType RasterFillType(VYRPrintFillRule i_rule) {
+  return i_rule == eFillRuleNonZero ? VYRRasterPath::kWinding_FillType : VYRRasterPath::kEvenOdd_FillType;
+}
+
+VYRRasterPaint::Cap RasterCap(VYRPrintLineAttribute i_cap) {
+  switch (static_cast<int>(i_cap)) {
+    case eLineCapSquare: return VYRRasterPaint::kSquare_Cap;
+    case eLineCapRound: return VYRRasterPaint::kRound_Cap;
+    default: return VYRRasterPaint::kButt_Cap;
+  }
+}
+
+VYRRasterPaint::Join RasterJoin(VYRPrintLineAttribute i_join) {
+  switch (static_cast<int>(i_join)) {
+    case eLineJoinRound: return VYRRasterPaint::kRound_Join;
+    case eLineJoinBevel: return VYRRasterPaint::kBevel_Join;
+    default: return VYRRasterPaint::kMiter_Join;
+  }
+}
+
+// channel x 255 + 0.5, truncated, then the smaller of it and 255 compared
+// unsigned: a negative channel therefore loads as 255, like one above 1.
+// Values beyond the int range (and NaN) load as 255 too.
+unsigned ChannelToByte(float i_channel) {
+  const float scaled = i_channel * 255.0f + 0.5f;
+  if (!(scaled > -2147483648.0f && scaled < 2147483648.0f)) return 255u;
+  const auto truncated = static_cast<unsigned>(static_cast<int>(scaled));
+  return std::min(truncated, 255u);
+}
+
+}  // namespace
+
+VYR2DGSkiaDrawing::VYR2DGSkiaDrawing(VYR2DGDrawingContext* i_pContext)
+    : _pSkDrawingCtx(nullptr), _fillUsesShader(false), _strokeUsesShader(false) {
+  if (i_pContext != nullptr &&
+      VYR_CHECK_CONDITION(i_pContext->IsAKindOf(VYR2DGSkiaDrawingContext::ClassName()) == 1)) {
+    _pSkDrawingCtx = static_cast<VYR2DGSkiaDrawingContext*>(i_pContext);
+  }
+}
+
+VYRRasterCanvas* VYR2DGSkiaDrawing::Canvas_() const {
+  if (_pSkDrawingCtx == nullptr) return nullptr;
+  return _drawingMask ? _pSkDrawingCtx->_pMaskCanvas : _pSkDrawingCtx->_pCanvas;
+}
+
+VYRRasterPath* VYR2DGSkiaDrawing::Path_() const {
+  if (_pSkDrawingCtx == nullptr) return nullptr;
+  return _buildingClipPath ? _pSkDrawingCtx->_pClipPath : _pSkDrawingCtx->_pPath;
+}
+
+VYRRasterPath* VYR2DGSkiaDrawing::CheckedPath_() const {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return nullptr;
+  VYRRasterPath* pPath = Path_();
+  return VYR_CHECK_POINTER(pPath) ? pPath : nullptr;
+}
+
+void VYR2DGSkiaDrawing::ReportNotAvailable_(const char* i_operation) const {
+  const std::string text = std::string(i_operation) + " is not available yet";
+  VYRReportFailedCondition(text.c_str(), __FILE__, __LINE__);
+}
+
+// ---- Flush and clears
+
+void VYR2DGSkiaDrawing::Flush() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  pCanvas->flush();
+}
+
+void VYR2DGSkiaDrawing::ClearBitmap() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER(_pSkDrawingCtx->_pBitmap)) return;
+  _pSkDrawingCtx->_pBitmap->eraseARGB(0, 0, 0, 0);
+}
+
+void VYR2DGSkiaDrawing::ClearMaskBitmap() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER(_pSkDrawingCtx->_pMaskBitmap)) return;
+  _pSkDrawingCtx->_pMaskBitmap->eraseARGB(0, 0, 0, 0);
+}
+
+// ---- Transforms
+
+void VYR2DGSkiaDrawing::SetMatrixTransform(float i_a, float i_b, float i_c, float i_d, float i_e, float i_f) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterMatrix matrix;
+  matrix.setAll(i_a, i_b, i_c, i_d, i_e, i_f);
+  // Both images get the matrix so that they stay in register, whichever one
+  // is being drawn; the call leaves the drawing on the main image.
+  _drawingMask = false;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  pCanvas->setMatrix(matrix);
+  _drawingMask = true;
+  VYRRasterCanvas* pMaskCanvas = Canvas_();
+  _drawingMask = false;
+  if (!VYR_CHECK_POINTER(pMaskCanvas)) return;
+  pMaskCanvas->setMatrix(matrix);
+}
+
+void VYR2DGSkiaDrawing::SetMatrixTransform(const VYR3x3Matrix& i_matrix) {
+  const VYRRasterMatrix matrix = ToRasterMatrix(i_matrix);
+  SetMatrixTransform(matrix.getScaleX(), matrix.getSkewX(), matrix.getTranslateX(), matrix.getSkewY(),
+                     matrix.getScaleY(), matrix.getTranslateY());
+}
+
+void VYR2DGSkiaDrawing::GetMatrixTransform(float& o_a, float& o_b, float& o_c, float& o_d, float& o_e,
+                                           float& o_f) const {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  const VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  const VYRRasterMatrix& matrix = pCanvas->getTotalMatrix();
+  o_a = matrix.getScaleX();
+  o_b = matrix.getSkewX();
+  o_c = matrix.getTranslateX();
+  o_d = matrix.getSkewY();
+  o_e = matrix.getScaleY();
+  o_f = matrix.getTranslateY();
+}
+
+VYR3x3Matrix VYR2DGSkiaDrawing::GetMatrixTransform() {
+  float a = 1.0f, b = 0.0f, c = 0.0f, d = 0.0f, e = 1.0f, f = 0.0f;
+  GetMatrixTransform(a, b, c, d, e, f);
+  return VYR3x3Matrix(a, b, c, d, e, f);
+}
+
+void VYR2DGSkiaDrawing::AddTransform(const VYR3x3Matrix& i_matrix) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  const VYRRasterMatrix matrix = ToRasterMatrix(i_matrix);
+  VYR_CHECK_CONDITION(pCanvas->concat(matrix));
+}
+
+void VYR2DGSkiaDrawing::Rotate(float i_angleDegrees) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (VYR_CHECK_POINTER(pCanvas)) pCanvas->rotate(i_angleDegrees);
+}
+
+void VYR2DGSkiaDrawing::Scale(float i_sx, float i_sy) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (VYR_CHECK_POINTER(pCanvas)) pCanvas->scale(i_sx, i_sy);
+}
+
+void VYR2DGSkiaDrawing::Skew(float i_kx, float i_ky) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (VYR_CHECK_POINTER(pCanvas)) pCanvas->skew(i_kx, i_ky);
+}
+
+void VYR2DGSkiaDrawing::Translate(float i_dx, float i_dy) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (VYR_CHECK_POINTER(pCanvas)) pCanvas->translate(i_dx, i_dy);
+}
+
+// ---- Path building
+
+void VYR2DGSkiaDrawing::MoveTo(const VYRMathPoint2Df& i_point) {
+  if (VYRRasterPath* pPath = CheckedPath_()) pPath->moveTo(i_point);
+}
+
+void VYR2DGSkiaDrawing::LineTo(const VYRMathPoint2Df& i_point) {
+  if (VYRRasterPath* pPath = CheckedPath_()) pPath->lineTo(i_point);
+}
+
+void VYR2DGSkiaDrawing::CurveToCubic(const VYRMathPoint2Df& i_control1, const VYRMathPoint2Df& i_control2,
+                                     const VYRMathPoint2Df& i_end) {
+  if (VYRRasterPath* pPath = CheckedPath_()) {
+    pPath->cubicTo(i_control1.x, i_control1.y, i_control2.x, i_control2.y, i_end.x, i_end.y);
+  }
+}
+
+void VYR2DGSkiaDrawing::CurveToQuad(const VYRMathPoint2Df& i_control, const VYRMathPoint2Df& i_end) {
+  if (VYRRasterPath* pPath = CheckedPath_()) pPath->quadTo(i_control.x, i_control.y, i_end.x, i_end.y);
+}
+
+void VYR2DGSkiaDrawing::ClosePath() {
+  if (VYRRasterPath* pPath = CheckedPath_()) pPath->close();
+}
+
+void VYR2DGSkiaDrawing::AddPolylineToPath(const PointList& i_points) {
+  VYRRasterPath* pPath = CheckedPath_();
+  if (pPath == nullptr) return;
+  const int pointCount = i_points.GetLength();
+  if (!VYR_CHECK_CONDITION(pointCount > 1)) return;
+  pPath->moveTo(i_points[0]);
+  for (int i = 1; i < pointCount; ++i) pPath->lineTo(i_points[i]);
+}
+
+void VYR2DGSkiaDrawing::ArcTo(const VYRMathPoint2Df& i_centre, float i_rx, float i_ry, float i_rotation,
+                              float i_startAngle, float i_sweepAngle) {
+  VYRRasterPath* pPath = CheckedPath_();
+  if (pPath == nullptr) return;
+  if (i_rotation == 0.0f) {
+    pPath->arcTo(OvalBounds(i_centre, i_rx, i_ry), i_startAngle, i_sweepAngle, false);
+    return;
+  }
+  // A rotated arc is added in its own frame: the whole path goes there and
+  // back, so the transform must be invertible.
+  VYRRasterMatrix arcTransform;
+  arcTransform.setTranslate(i_centre.x, i_centre.y);
+  arcTransform.preRotate(i_rotation);
+  VYRRasterMatrix invertedArcTransform;
+  if (!arcTransform.isIdentity() && !VYR_CHECK_CONDITION(arcTransform.invert(&invertedArcTransform))) return;
+  pPath->transform(invertedArcTransform);
+  pPath->arcTo(VYRRasterRect::MakeLTRB(-i_rx, -i_ry, i_rx, i_ry), i_startAngle, i_sweepAngle, false);
+  pPath->transform(arcTransform);
+}
+
+// ---- Stroke and fill of the current path
+
+void VYR2DGSkiaDrawing::StrokeOutline_(const VYRRasterPath& i_path, VYRRasterPath& o_outline) {
+  VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
+  paint.setStyle(VYRRasterPaint::kStrokeAndFill_Style);
+  paint.getFillPath(i_path, &o_outline);
+  paint.setStyle(VYRRasterPaint::kStroke_Style);
+}
+
+void VYR2DGSkiaDrawing::KnockOut_(VYRRasterCanvas& io_canvas, const VYRRasterPath& i_area) {
+  VYRRasterPath* pKnockoutPath = _pSkDrawingCtx->_pKnockoutClipPath;
+  if (!VYR_CHECK_POINTER_TEXT(pKnockoutPath, "_pSkDrawingCtx->_pKnockoutClipPath")) return;
+  pKnockoutPath->addPath(i_area, VYRRasterMatrix());
+  // Inside a layer the clip would vanish with the layer: Restore installs it.
+  if (!io_canvas.isDrawingToLayer()) io_canvas.clipPath(*pKnockoutPath, VYRRasterCanvas::kDifference_Op, true);
+}
+
+void VYR2DGSkiaDrawing::DrawFillPreserve() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas) || !VYR_CHECK_POINTER(_pSkDrawingCtx->_pPath) ||
+      !VYR_CHECK_POINTER(_pSkDrawingCtx->_pPaint)) {
+    return;
+  }
+  const VYRRasterPath& path = *_pSkDrawingCtx->_pPath;
+  pCanvas->drawPath(path, *_pSkDrawingCtx->_pPaint);
+  if (_knockout == 1) KnockOut_(*pCanvas, path);
+}
+
+void VYR2DGSkiaDrawing::DrawStrokePreserve() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas) || !VYR_CHECK_POINTER(_pSkDrawingCtx->_pPath) ||
+      !VYR_CHECK_POINTER(_pSkDrawingCtx->_pPaint)) {
+    return;
+  }
+  const VYRRasterPath& path = *_pSkDrawingCtx->_pPath;
+  pCanvas->drawPath(path, *_pSkDrawingCtx->_pPaint);
+  if ((_knockout & 2) == 0) return;
+  VYRRasterPath outline;
+  StrokeOutline_(path, outline);
+  KnockOut_(*pCanvas, outline);
+}
+
+void VYR2DGSkiaDrawing::DrawFill() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  DrawFillPreserve();
+  if (VYR_CHECK_POINTER(_pSkDrawingCtx->_pPath)) _pSkDrawingCtx->_pPath->reset();
+}
+
+void VYR2DGSkiaDrawing::DrawStroke() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  DrawStrokePreserve();
+  if (VYR_CHECK_POINTER(_pSkDrawingCtx->_pPath)) _pSkDrawingCtx->_pPath->reset();
+}
+
+// ---- Shapes
+
+void VYR2DGSkiaDrawing::DrawShape_(const VYR2DGShape& i_shape) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas) || !VYR_CHECK_POINTER(_pSkDrawingCtx->_pPaint)) return;
+  VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
+  if (!_buildingClipPath) {
+    i_shape.DrawOn(*pCanvas, paint);
+  } else {
+    VYRRasterPath* pClipPath = _pSkDrawingCtx->_pClipPath;
+    if (!VYR_CHECK_POINTER(pClipPath)) return;
+    i_shape.AddTo(*pClipPath);
+  }
+
+  // A filled shape knocks out only under knockout 1; a stroked one under any
+  // knockout, its outline when bit 2 is set and its whole area otherwise.
+  if (_knockout == 0 || (paint.getStyle() == VYRRasterPaint::kFill_Style && _knockout != 1)) return;
+  VYRRasterPath area;
+  i_shape.AddTo(area);
+  if ((_knockout & 2) != 0) {
+    VYRRasterPath outline;
+    StrokeOutline_(area, outline);
+    area = outline;
+  }
+  KnockOut_(*pCanvas, area);
+}
+
+void VYR2DGSkiaDrawing::DrawRectangle(const VYR2DGRect& i_rect) {
+  VYR2DGShape shape(VYR2DGShape::eRect);
+  shape.rect = ToRasterRect(i_rect);
+  DrawShape_(shape);
+}
+
+void VYR2DGSkiaDrawing::DrawRoundRectangle(const VYR2DGRect& i_rect, float i_rx, float i_ry) {
+  VYR2DGShape shape(VYR2DGShape::eRoundRect);
+  shape.rect = ToRasterRect(i_rect);
+  shape.rx = i_rx;
+  shape.ry = i_ry;
+  DrawShape_(shape);
+}
+
+void VYR2DGSkiaDrawing::DrawCircle(const VYRMathPoint2Df& i_centre, float i_radius) {
+  VYR2DGShape shape(VYR2DGShape::eCircle);
+  shape.cx = i_centre.x;
+  shape.cy = i_centre.y;
+  shape.radius = i_radius;
+  DrawShape_(shape);
+}
+
+void VYR2DGSkiaDrawing::DrawEllipse(const VYRMathPoint2Df& i_centre, float i_rx, float i_ry, float) {
+  VYR2DGShape shape(VYR2DGShape::eOval);
+  shape.rect = OvalBounds(i_centre, i_rx, i_ry);
+  DrawShape_(shape);
+}
+
+void VYR2DGSkiaDrawing::DrawLine(const VYRMathPoint2Df& i_from, const VYRMathPoint2Df& i_to) {
+  VYR2DGShape shape(VYR2DGShape::eLine);
+  shape.from = i_from;
+  shape.to = i_to;
+  DrawShape_(shape);
+}
+
+void VYR2DGSkiaDrawing::DrawPolyline(const PointList& i_points) {
+  const int pointCount = i_points.GetLength();
+  if (!VYR_CHECK_CONDITION(pointCount > 1)) return;
+  VYR2DGShape shape(VYR2DGShape::ePolyline);
+  shape.pPoints = &i_points;
+  DrawShape_(shape);
+}
+
+void VYR2DGSkiaDrawing::DrawPolygon(const PointList& i_points) {
+  const int pointCount = i_points.GetLength();
+  if (!VYR_CHECK_CONDITION(pointCount > 1)) return;
+  VYR2DGShape shape(VYR2DGShape::ePolyline);
+  shape.pPoints = &i_points;
+  shape.closed = true;
+  DrawShape_(shape);
+}
+
+// ---- Floods
+
+void VYR2DGSkiaDrawing::FillWithColor(unsigned char i_r, unsigned char i_g, unsigned char i_b,
+                                      unsigned char i_a) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  pCanvas->drawARGB(i_a, i_r, i_g, i_b, kSrcOver_VYRBlendMode);
+}
+
+void VYR2DGSkiaDrawing::FillWithColor(float i_r, float i_g, float i_b, float i_a) {
+  FillWithColor(static_cast<unsigned char>(ChannelToByte(i_r)), static_cast<unsigned char>(ChannelToByte(i_g)),
+                static_cast<unsigned char>(ChannelToByte(i_b)), static_cast<unsigned char>(ChannelToByte(i_a)));
+}
+
+void VYR2DGSkiaDrawing::FillWithColor() {
+  FillWithColor(_fillColor[eRed], _fillColor[eGreen], _fillColor[eBlue], _fillColor[eAlpha]);
+}
+
+// ---- Save stack and clips
+
+int VYR2DGSkiaDrawing::Save(int i_flags) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return -1;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return -1;
+  return pCanvas->save(i_flags & 0x0F);
+}
+
+void VYR2DGSkiaDrawing::Restore(int i_count) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  const bool wasInLayer = pCanvas->isDrawingToLayer();
+  if (i_count >= 0) {
+    pCanvas->restoreToCount(i_count);
+  } else {
+    pCanvas->restore();
+  }
+  // Shapes knocked out inside layers could not clip; the outermost layer's
+  // end installs what they accumulated.
+  if (_knockout != 0 && wasInLayer && !pCanvas->isDrawingToLayer()) {
+    const VYRRasterPath* pKnockoutPath = _pSkDrawingCtx->_pKnockoutClipPath;
+    if (!VYR_CHECK_POINTER_TEXT(pKnockoutPath, "_pSkDrawingCtx->_pKnockoutClipPath")) return;
+    pCanvas->clipPath(*pKnockoutPath, VYRRasterCanvas::kDifference_Op, true);
+  }
+}
+
+void VYR2DGSkiaDrawing::SetCurrentClipRect(const VYR2DGRect& i_rect, VYR2DGClipOperator i_operator) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  pCanvas->clipRect(ToRasterRect(i_rect), RasterClipOp(i_operator), false);
+}
+
+void VYR2DGSkiaDrawing::SetCurrentClipPolygon(const PointList& i_points, VYR2DGClipOperator i_operator) {
+  const int count = i_points.GetLength();
+  if (!VYR_CHECK_CONDITION(count > 0)) return;
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  VYRRasterPath polygon;
+  polygon.moveTo(i_points[0]);
+  for (int i = 1; i < count; ++i) polygon.lineTo(i_points[i]);
+  polygon.close();
+  pCanvas->clipPath(polygon, RasterClipOp(i_operator), false);
+}
+
+void VYR2DGSkiaDrawing::ApplyClip() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  VYRRasterPath* pClipPath = _pSkDrawingCtx->_pClipPath;
+  if (!VYR_CHECK_POINTER(pCanvas) || !VYR_CHECK_POINTER_TEXT(pClipPath, "_pSkDrawingCtx->_pClipPath")) return;
+  pClipPath->close();
+  pCanvas->clipPath(*pClipPath, VYRRasterCanvas::kIntersect_Op, true);
+  pClipPath->reset();
+}
+
+void VYR2DGSkiaDrawing::SetKnockout(int i_knockout) {
+  VYR2DGDrawing::SetKnockout(i_knockout);
+  if (i_knockout != 0) return;
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) ||
+      !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pKnockoutClipPath, "_pSkDrawingCtx->_pKnockoutClipPath")) {
+    return;
+  }
+  _pSkDrawingCtx->_pKnockoutClipPath->reset();
+}
+
+// ---- Paint state
+
+void VYR2DGSkiaDrawing::SetPaintColor_(ColorType i_type) {
+  const float* color = i_type == eFillColor ? _fillColor : _strokeColor;
+  _pSkDrawingCtx->_pPaint->setARGB(ChannelToByte(color[eAlpha]), ChannelToByte(color[eRed]),
+                                   ChannelToByte(color[eGreen]), ChannelToByte(color[eBlue]));
+}
+
+void VYR2DGSkiaDrawing::SetStrokeMode(VYRPrintEdgeMode i_mode) {
+  if (i_mode != _strokeMode) VYR2DGDrawing::SetStrokeMode(i_mode);
+  _strokeUsesShader = _strokeMode == eEdgeModeColorShaderTarget || _strokeMode == eEdgeModeShader;
+}
+
+void VYR2DGSkiaDrawing::SetFillMode(VYRPrintFillMode i_mode) {
+  if (i_mode != _fillMode) VYR2DGDrawing::SetFillMode(i_mode);
+  _fillUsesShader = _fillMode == eFillModePattern || _fillMode == eFillModeGradient;
+}
+
+void VYR2DGSkiaDrawing::ApplyStrokeMode(VYRPrintEdgeMode i_mode) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  if (i_mode != _strokeMode) SetStrokeMode(i_mode);
+  VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
+  // Mode 2 strokes with the plain colour although it marks the stroke as the
+  // gradient's target.
+  if (_strokeMode == eEdgeModeShader) {
+    paint.setAlpha(ChannelToByte(GetStrokeAlpha_()));
+    paint.setShader(_pSkDrawingCtx->_pStrokeShader);
+  } else {
+    paint.setShader(nullptr);
+    SetPaintColor_(eStrokeColor);
+  }
+  paint.setStyle(VYRRasterPaint::kStroke_Style);
+}
+
+void VYR2DGSkiaDrawing::ApplyFillMode(VYRPrintFillMode i_mode) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  if (i_mode != _fillMode) SetFillMode(i_mode);
+  VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
+  if (_fillMode == eFillModePattern || _fillMode == eFillModeGradient) {
+    paint.setAlpha(ChannelToByte(GetFillAlpha_()));
+    paint.setShader(_pSkDrawingCtx->_pFillShader);
+  } else {
+    paint.setShader(nullptr);
+    SetPaintColor_(eFillColor);
+  }
+  paint.setStyle(VYRRasterPaint::kFill_Style);
+}
+
+void VYR2DGSkiaDrawing::SetStrokeWidth(float i_width) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  _pSkDrawingCtx->_pPaint->setStrokeWidth(i_width);
+}
+
+void VYR2DGSkiaDrawing::SetLineCap(VYRPrintLineAttribute i_cap) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  _pSkDrawingCtx->_pPaint->setStrokeCap(RasterCap(i_cap));
+}
+
+void VYR2DGSkiaDrawing::SetLineJoin(VYRPrintLineAttribute i_join) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  _pSkDrawingCtx->_pPaint->setStrokeJoin(RasterJoin(i_join));
+}
+
+void VYR2DGSkiaDrawing::SetAntiAliasing(bool i_antiAlias) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  _pSkDrawingCtx->_pPaint->setAntiAlias(i_antiAlias);
+}
+
+void VYR2DGSkiaDrawing::SetBlendingMode(VYR2DGTransferMode i_mode) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  _pSkDrawingCtx->_pPaint->setXfermodeMode(RasterTransferMode(i_mode));
+}
+
+void VYR2DGSkiaDrawing::SetDashStyle(int i_count, const float* i_pLengths) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  _pSkDrawingCtx->_pPaint->setPathEffect(nullptr);
+  if (_pSkDrawingCtx->_pDashEffect != nullptr) _pSkDrawingCtx->_pDashEffect->Release();
+  _pSkDrawingCtx->_pDashEffect = nullptr;
+  if (i_pLengths == nullptr || i_count < 2) return;
+  _pSkDrawingCtx->_pDashEffect = VYRRasterDashPathEffect::Create(i_pLengths, i_count, 0.0f);
+  _pSkDrawingCtx->_pPaint->setPathEffect(_pSkDrawingCtx->_pDashEffect);
+}
+
+void VYR2DGSkiaDrawing::SetFillRule(VYRPrintFillRule i_rule) {
+  if (VYRRasterPath* pPath = CheckedPath_()) pPath->setFillType(RasterFillType(i_rule));
+}
+
+void VYR2DGSkiaDrawing::SetSubpixelPositioning(bool i_subpixel) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
+  const uint32_t flags = paint.getFlags();
+  paint.setFlags(i_subpixel ? flags | VYRRasterPaint::kSubpixelText_Flag : flags & ~uint32_t{VYRRasterPaint::kSubpixelText_Flag});
+}
+
+void VYR2DGSkiaDrawing::SetFont(VYRFont* i_pFont) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  VYR2DGDrawing::SetFont(i_pFont);
+  if (_pSkDrawingCtx->_pTypeface != nullptr) _pSkDrawingCtx->_pTypeface->Release();
+  _pSkDrawingCtx->_pTypeface = nullptr;
+}
+
+// ---- Not available yet: gradients, patterns, bitmaps, text and layers.
+
+void VYR2DGSkiaDrawing::SetGradient(const VYRPrintGradient*) { ReportNotAvailable_("SetGradient"); }
+void VYR2DGSkiaDrawing::FillWithGradient(const VYRPrintGradient*) { ReportNotAvailable_("FillWithGradient"); }
+void VYR2DGSkiaDrawing::FillWithGradient() { ReportNotAvailable_("FillWithGradient"); }
+void VYR2DGSkiaDrawing::SetPattern(int, int, int, int, VYR2DGPatternMode, const VYR3x3Matrix*) {
+  ReportNotAvailable_("SetPattern");
+}
+void VYR2DGSkiaDrawing::SetPattern(const VYRPixelImage*, VYR2DGPatternMode, const VYR3x3Matrix*) {
+  ReportNotAvailable_("SetPattern");
+}
+void VYR2DGSkiaDrawing::FillWithPattern(const VYRPixelImage*, VYR2DGPatternMode, const VYR3x3Matrix*) {
+  ReportNotAvailable_("FillWithPattern");
+}
+void VYR2DGSkiaDrawing::DrawBitmap(const VYRMathPoint2Df&, const VYRPixelImage*) { ReportNotAvailable_("DrawBitmap"); }
+void VYR2DGSkiaDrawing::DrawBitmapToRect(const VYR2DGRect&, const VYRPixelImage*) {
+  ReportNotAvailable_("DrawBitmapToRect");
+}
+void VYR2DGSkiaDrawing::DrawNinePatchBitmap(const VYR2DGRect&, const VYR2DGRect&, const VYRPixelImage*) {
+  ReportNotAvailable_("DrawNinePatchBitmap");
+}
+void VYR2DGSkiaDrawing::DrawTextW(const VYRMathPoint2Df&, const VYRUnicodeString&, bool) {
+  ReportNotAvailable_("DrawTextW");
+}
+void VYR2DGSkiaDrawing::SetFont(const VYRUnicodeString&) { ReportNotAvailable_("SetFont"); }
+int VYR2DGSkiaDrawing::GetTextAdvanceWidth(const VYRUnicodeString&) const {
+  ReportNotAvailable_("GetTextAdvanceWidth");
+  return 0;
+}
+void VYR2DGSkiaDrawing::SetSubpixelRendering(bool) { ReportNotAvailable_("SetSubpixelRendering"); }
+void VYR2DGSkiaDrawing::SetHinting(VYR2DGTextHinting) { ReportNotAvailable_("SetHinting"); }
+int VYR2DGSkiaDrawing::SaveLayer() {
+  ReportNotAvailable_("SaveLayer");
+  return -1;
+}
+void VYR2DGSkiaDrawing::SetLayerAlpha(unsigned char) { ReportNotAvailable_("SetLayerAlpha"); }
+void VYR2DGSkiaDrawing::SetLayerAlpha(float) { ReportNotAvailable_("SetLayerAlpha"); }
+void VYR2DGSkiaDrawing::SetLayerBlendingMode(VYR2DGTransferMode) { ReportNotAvailable_("SetLayerBlendingMode"); }
+void VYR2DGSkiaDrawing::SetLayerMaskMode(VYR2DGTransferMode) { ReportNotAvailable_("SetLayerMaskMode"); }
+void VYR2DGSkiaDrawing::SetLayerFilter(VYRPrtFilterContainerElt*, float) { ReportNotAvailable_("SetLayerFilter"); }

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+
+#include "VYRExport.h"
+
+// Transfer modes, numbered as the drawing interface numbers them.
+enum VYRRasterBlendMode {
+  kClear_VYRBlendMode,
+  kSrc_VYRBlendMode,
+  kDst_VYRBlendMode,
+  kSrcOver_VYRBlendMode,
+  kDstOver_VYRBlendMode,
+  kSrcIn_VYRBlendMode,
+  kDstIn_VYRBlendMode,
+  kSrcOut_VYRBlendMode,
+  kDstOut_VYRBlendMode,
+  kSrcATop_VYRBlendMode,
+  kDstATop_VYRBlendMode,
+  kXor_VYRBlendMode,
+  kPlus_VYRBlendMode,
+  kMultiply_VYRBlendMode,
+  kScreen_VYRBlendMode,
+  kOverlay_VYRBlendMode,
+  kDarken_VYRBlendMode,
+  kLighten_VYRBlendMode,
+  kColorDodge_VYRBlendMode,
+  kColorBurn_VYRBlendMode,
+  kHardLight_VYRBlendMode,
+  kSoftLight_VYRBlendMode,
+  kDifference_VYRBlendMode,
+  kExclusion_VYRBlendMode,
+  kHue_VYRBlendMode,
+  kSaturation_VYRBlendMode,
+  kColor_VYRBlendMode,
+  kLuminosity_VYRBlendMode,
+  kLastMode_VYRBlendMode = kLuminosity_VYRBlendMode
+};
+
+// Row compositing on premultiplied 0xAARRGGBB pixels.
+class VYR_EXPORT VYRRasterBlender {
+ public:
+  // dst[i] = lerp(dst[i], mode(src[i], dst[i]), coverage[i] / 255) for i < count.
+  // A null coverage means full coverage. An unknown mode blends as source-over.
+  static void BlendRow(VYRRasterBlendMode i_mode, uint32_t* io_dst, const uint32_t* i_src,
+                       const uint8_t* i_coverage, int i_count);
+  // One pixel, full coverage (reference for tests and slow paths).
+  static uint32_t BlendPixel(VYRRasterBlendMode i_mode, uint32_t i_src, uint32_t i_dst);
+  // Straight 0xAARRGGBB to premultiplied, each channel c * a / 255 rounded to nearest.
+  static uint32_t Premultiply(uint32_t i_color);
+};

@@ -1,0 +1,354 @@
+#include "VYRRasterCanvas.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "VYRAssert.h"
+
+VYR_IMPLEMENT_CLASS(VYRRasterCanvas, VYRBaseUnknown, "Engine")
+
+namespace {
+inline uint8_t Mul255(int a, int b) {
+  int x = a * b + 128;
+  return static_cast<uint8_t>((x + (x >> 8)) >> 8);
+}
+
+// Union of two coverages (over the union of their bounds).
+VYRRasterMask UnionMasks(const VYRRasterMask& a, const VYRRasterMask& b) {
+  if (a.isEmpty()) return b;
+  if (b.isEmpty()) return a;
+  VYRRasterIRect bounds = a.bounds;
+  bounds.join(b.bounds);
+  VYRRasterMask out;
+  out.allocate(bounds, 0);
+  for (int y = bounds.top; y < bounds.bottom; ++y) {
+    uint8_t* row = out.row(y);
+    for (int x = bounds.left; x < bounds.right; ++x) {
+      const int ca = a.at(x, y), cb = b.at(x, y);
+      row[x - bounds.left] = static_cast<uint8_t>(ca + cb - Mul255(ca, cb));
+    }
+  }
+  return out;
+}
+
+// The coverage of everything in i_area outside i_mask.
+VYRRasterMask InvertMask(const VYRRasterMask& i_mask, const VYRRasterIRect& i_area) {
+  VYRRasterMask out;
+  out.allocate(i_area, 255);
+  for (int y = i_area.top; y < i_area.bottom; ++y) {
+    uint8_t* row = out.row(y);
+    for (int x = i_area.left; x < i_area.right; ++x) row[x - i_area.left] = 255 - i_mask.at(x, y);
+  }
+  return out;
+}
+
+// Lengths of the stroke width's two axes once mapped to the device.
+void DeviceWidths(const VYRRasterMatrix& i_matrix, float i_width, float* o_len1, float* o_len2) {
+  const VYRMathPoint2Df u = i_matrix.mapVector(i_width, 0), v = i_matrix.mapVector(0, i_width);
+  *o_len1 = std::hypot(u.x, u.y);
+  *o_len2 = std::hypot(v.x, v.y);
+}
+}  // namespace
+
+VYRRasterCanvas::VYRRasterCanvas() : _pCoverage(VYRRasterCoverage::Create()) {}
+
+VYRRasterCanvas::VYRRasterCanvas(VYRRasterDevice* ipDevice) : VYRRasterCanvas() {
+  _pDevice = ipDevice;
+  if (_pDevice) _pDevice->AddRef();
+  _clip.setRect(deviceBounds());
+}
+
+VYRRasterCanvas::~VYRRasterCanvas() {
+  if (_pDevice) _pDevice->Release();
+}
+
+const VYRRasterBitmap* VYRRasterCanvas::target() const {
+  if (!_layers.empty()) return &_layers.back().bitmap;
+  if (!_pDevice || _pDevice->accessBitmap().drawsNothing()) return nullptr;
+  return &_pDevice->accessBitmap();
+}
+
+VYRRasterIRect VYRRasterCanvas::deviceBounds() const {
+  if (!_pDevice) return VYRRasterIRect{};
+  return VYRRasterIRect::MakeWH(_pDevice->width(), _pDevice->height());
+}
+
+// ---- save stack ---------------------------------------------------------------------------
+
+int VYRRasterCanvas::save(int i_flags) {
+  const int count = getSaveCount();
+  _saves.push_back(SaveRecord{i_flags, _matrix, _clip, static_cast<int>(_layers.size())});
+  return count;
+}
+
+int VYRRasterCanvas::saveLayer(const VYRRasterRect* i_pBounds, const VYRRasterPaint* i_pPaint, int i_flags) {
+  // Layers always give back the matrix and clip they started with.
+  const int count = save(i_flags | kMatrixClip_SaveFlag);
+  LayerRecord layer;
+  layer.bounds = _clip.getBounds();
+  if (i_pBounds) {
+    VYRRasterRect device;
+    _matrix.mapRect(&device, *i_pBounds);
+    layer.bounds.intersect(VYRRasterRoundOut(device));
+  }
+  if (i_pPaint) layer.paint = *i_pPaint;
+  const VYRRasterIRect full = deviceBounds();
+  // The layer shares the device's coordinates, so draws need no offset.
+  layer.pixels.assign(static_cast<size_t>(full.width()) * static_cast<size_t>(full.height()), 0);
+  layer.bitmap.setConfig(full.width(), full.height());
+  layer.bitmap.setPixels(layer.pixels.data());
+  _layers.push_back(std::move(layer));
+  // Vectors move their storage, but a bitmap copy may not: point at the stored buffer.
+  _layers.back().bitmap.setPixels(_layers.back().pixels.data());
+  return count;
+}
+
+int VYRRasterCanvas::saveLayerAlpha(const VYRRasterRect* i_pBounds, uint8_t i_alpha, int i_flags) {
+  VYRRasterPaint paint;
+  paint.setAlpha(i_alpha);
+  return saveLayer(i_pBounds, &paint, i_flags);
+}
+
+void VYRRasterCanvas::restore() {
+  if (_saves.empty()) return;
+  const SaveRecord record = std::move(_saves.back());
+  _saves.pop_back();
+  if (record.flags & kMatrix_SaveFlag) _matrix = record.matrix;
+  if (record.flags & kClip_SaveFlag) _clip = record.clip;
+  while (static_cast<int>(_layers.size()) > record.layerDepth) popLayer();
+}
+
+void VYRRasterCanvas::restoreToCount(int i_count) {
+  const int target = std::max(1, i_count);
+  while (getSaveCount() > target) restore();
+}
+
+void VYRRasterCanvas::popLayer() {
+  LayerRecord layer = std::move(_layers.back());
+  _layers.pop_back();
+  const VYRRasterBitmap* dst = target();
+  VYRRasterIRect area = layer.bounds;
+  if (!dst || !area.intersect(_clip.getBounds())) return;
+  const int width = area.width();
+  const uint8_t alpha = layer.paint.getAlpha();
+  std::vector<uint32_t> src(width);
+  std::vector<uint8_t> coverage(width);
+  for (int y = area.top; y < area.bottom; ++y) {
+    const uint32_t* row = layer.pixels.data() + static_cast<size_t>(y) * dst->width() + area.left;
+    for (int i = 0; i < width; ++i) {
+      uint32_t c = row[i];
+      if (alpha != 255) {
+        auto ch = [&](int shift) { return uint32_t(Mul255((c >> shift) & 0xFF, alpha)) << shift; };
+        c = ch(24) | ch(16) | ch(8) | ch(0);
+      }
+      src[i] = c;
+    }
+    _clip.getRow(area.left, y, width, coverage.data());
+    VYRRasterBlender::BlendRow(layer.paint.getBlendMode(), dst->getAddr32(area.left, y), src.data(),
+                               _clip.isRect() ? nullptr : coverage.data(), width);
+  }
+}
+
+// ---- matrix -------------------------------------------------------------------------------
+
+bool VYRRasterCanvas::concat(const VYRRasterMatrix& i_matrix) {
+  if (!i_matrix.isFinite()) return false;
+  _matrix.preConcat(i_matrix);
+  return true;
+}
+
+bool VYRRasterCanvas::translate(float dx, float dy) { return concat(VYRRasterMatrix::MakeTranslate(dx, dy)); }
+bool VYRRasterCanvas::scale(float sx, float sy) { return concat(VYRRasterMatrix::MakeScale(sx, sy)); }
+
+bool VYRRasterCanvas::rotate(float degrees) {
+  VYRRasterMatrix m;
+  m.setRotate(degrees);
+  return concat(m);
+}
+
+bool VYRRasterCanvas::skew(float sx, float sy) {
+  VYRRasterMatrix m;
+  m.setSkew(sx, sy);
+  return concat(m);
+}
+
+// ---- clip ---------------------------------------------------------------------------------
+
+bool VYRRasterCanvas::clipRect(const VYRRasterRect& i_rect, ClipOp i_op, bool i_antiAlias) {
+  VYRRasterRect device;
+  const bool staysRect = _matrix.mapRect(&device, i_rect);
+  const bool integral = std::floor(device.left) == device.left && std::floor(device.top) == device.top &&
+                        std::floor(device.right) == device.right && std::floor(device.bottom) == device.bottom;
+  if (staysRect && (integral || !i_antiAlias)) {
+    // An aliased edge takes the pixels whose centres it holds.
+    VYRRasterRect rounded{std::round(device.left), std::round(device.top), std::round(device.right),
+                          std::round(device.bottom)};
+    _clip.opRect(rounded.isFinite() || rounded.isEmpty() ? VYRRasterRoundOut(rounded) : VYRRasterIRect{}, i_op,
+                 deviceBounds());
+    return !_clip.isEmpty();
+  }
+  VYRRasterPath path;
+  path.addRect(i_rect);
+  return clipPath(path, i_op, i_antiAlias);
+}
+
+bool VYRRasterCanvas::clipPath(const VYRRasterPath& i_path, ClipOp i_op, bool i_antiAlias) {
+  VYRRasterPath device;
+  i_path.transform(_matrix, &device);
+  VYRRasterMask mask;
+  _pCoverage->FillPath(device, i_antiAlias, deviceBounds(), &mask);
+  if (i_path.isInverseFillType()) mask = InvertMask(mask, deviceBounds());
+  _clip.opMask(mask, i_op, deviceBounds());
+  return !_clip.isEmpty();
+}
+
+bool VYRRasterCanvas::getClipDeviceBounds(VYRRasterIRect* o_bounds) const {
+  if (o_bounds) *o_bounds = _clip.getBounds();
+  return !_clip.isEmpty();
+}
+
+// ---- drawing ------------------------------------------------------------------------------
+
+void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRasterPaint& i_paint,
+                                float i_coverageScale) {
+  const VYRRasterBitmap* dst = target();
+  if (!dst || _clip.isEmpty()) return;
+  const VYRRasterBlendMode mode = i_paint.getBlendMode();
+  if (mode == kDst_VYRBlendMode) return;
+  VYRRasterIRect area = i_pCoverage ? i_pCoverage->bounds : _clip.getBounds();
+  if (!area.intersect(_clip.getBounds()) || !area.intersect(VYRRasterIRect::MakeWH(dst->width(), dst->height())))
+    return;
+
+  VYRRasterShader* shader = i_paint.getShader();
+  if (shader && !shader->setContext(_matrix, i_paint.getAlpha())) return;
+  const int width = area.width();
+  std::vector<uint32_t> src(width, VYRRasterBlender::Premultiply(i_paint.getColor()));
+  std::vector<uint8_t> coverage(width);
+  const int scale = std::clamp(static_cast<int>(i_coverageScale * 255.0f + 0.5f), 0, 255);
+  const bool fullCoverage = !i_pCoverage && _clip.isRect();
+  for (int y = area.top; y < area.bottom; ++y) {
+    const uint8_t* rowCoverage = nullptr;
+    if (!fullCoverage) {
+      if (_clip.isRect() && scale == 255) {
+        rowCoverage = i_pCoverage->row(y) + (area.left - i_pCoverage->bounds.left);
+      } else {
+        _clip.getRow(area.left, y, width, coverage.data());
+        if (i_pCoverage) {
+          const uint8_t* shape = i_pCoverage->row(y) + (area.left - i_pCoverage->bounds.left);
+          for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], shape[i]);
+        }
+        if (scale != 255)
+          for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], scale);
+        rowCoverage = coverage.data();
+      }
+    }
+    if (shader) shader->shadeRow(area.left, y, width, src.data());
+    VYRRasterBlender::BlendRow(mode, dst->getAddr32(area.left, y), src.data(), rowCoverage, width);
+  }
+}
+
+void VYRRasterCanvas::drawShape(const VYRRasterPath& i_path, const VYRRasterPaint& i_paint, bool i_forceStroke) {
+  if (!target() || _clip.isEmpty() || !_matrix.isFinite()) return;
+  const VYRRasterPaint::Style style = i_forceStroke ? VYRRasterPaint::kStroke_Style : i_paint.getStyle();
+  const VYRRasterIRect clipBounds = _clip.getBounds();
+  const bool inverse = i_path.isInverseFillType();
+  VYRRasterMask coverage;
+  float coverageScale = 1.0f;
+
+  if (style != VYRRasterPaint::kStroke_Style) {
+    VYRRasterPath device;
+    i_path.transform(_matrix, &device);
+    _pCoverage->FillPath(device, i_paint.isAntiAlias(), clipBounds, &coverage);
+  }
+  if (style != VYRRasterPaint::kFill_Style) {
+    const VYRRasterPath* stroked = &i_path;
+    VYRRasterPath dashed;
+    float len1, len2;
+    DeviceWidths(_matrix, 1.0f, &len1, &len2);
+    if (i_paint.getPathEffect() && i_paint.getPathEffect()->filterPath(&dashed, i_path, std::max(len1, len2)))
+      stroked = &dashed;
+    VYRRasterCoverage::Stroke stroke;
+    stroke.width = i_paint.getStrokeWidth();
+    stroke.cap = i_paint.getStrokeCap();
+    stroke.join = i_paint.getStrokeJoin();
+    stroke.miterLimit = i_paint.getStrokeMiter();
+    DeviceWidths(_matrix, stroke.width, &len1, &len2);
+    // Zero widths, and anti-aliased widths under a device pixel, are one-pixel hairlines,
+    // the thin ones faded by their width.
+    const bool hairline = stroke.width == 0 || (i_paint.isAntiAlias() && len1 <= 1 && len2 <= 1);
+    VYRRasterMask strokeCoverage;
+    if (hairline) {
+      if (stroke.width > 0) coverageScale = 0.5f * (len1 + len2);
+      VYRRasterPath device;
+      stroked->transform(_matrix, &device);
+      stroke.width = 1.0f;
+      stroke.join = VYRRasterPaint::kBevel_Join;
+      _pCoverage->StrokePath(device, VYRRasterMatrix(), stroke, i_paint.isAntiAlias(), clipBounds, &strokeCoverage);
+    } else {
+      _pCoverage->StrokePath(*stroked, _matrix, stroke, i_paint.isAntiAlias(), clipBounds, &strokeCoverage);
+    }
+    if (style == VYRRasterPaint::kStrokeAndFill_Style && coverageScale != 1.0f) {
+      // The faded hairline must not fade the fill: fold the fade into the stroke's coverage.
+      const int k = static_cast<int>(coverageScale * 255.0f + 0.5f);
+      for (uint8_t& v : strokeCoverage.alpha) v = Mul255(v, k);
+      coverageScale = 1.0f;
+    }
+    coverage = UnionMasks(coverage, strokeCoverage);
+  }
+  if (inverse && style == VYRRasterPaint::kFill_Style) coverage = InvertMask(coverage, clipBounds);
+  if (coverage.isEmpty()) return;
+  paintMask(&coverage, i_paint, coverageScale);
+}
+
+void VYRRasterCanvas::drawPaint(const VYRRasterPaint& i_paint) { paintMask(nullptr, i_paint, 1.0f); }
+
+void VYRRasterCanvas::drawRect(const VYRRasterRect& i_rect, const VYRRasterPaint& i_paint) {
+  VYRRasterPath path;
+  path.addRect(i_rect);
+  drawShape(path, i_paint, false);
+}
+
+void VYRRasterCanvas::drawRoundRect(const VYRRasterRect& i_rect, float rx, float ry, const VYRRasterPaint& i_paint) {
+  VYRRasterPath path;
+  path.addRoundRect(i_rect, rx, ry);
+  drawShape(path, i_paint, false);
+}
+
+void VYRRasterCanvas::drawCircle(float cx, float cy, float radius, const VYRRasterPaint& i_paint) {
+  VYRRasterPath path;
+  path.addCircle(cx, cy, radius);
+  drawShape(path, i_paint, false);
+}
+
+void VYRRasterCanvas::drawOval(const VYRRasterRect& i_oval, const VYRRasterPaint& i_paint) {
+  VYRRasterPath path;
+  path.addOval(i_oval);
+  drawShape(path, i_paint, false);
+}
+
+void VYRRasterCanvas::drawLine(float x0, float y0, float x1, float y1, const VYRRasterPaint& i_paint) {
+  VYRRasterPath path;
+  path.moveTo(x0, y0);
+  path.lineTo(x1, y1);
+  drawShape(path, i_paint, true);
+}
+
+void VYRRasterCanvas::drawPath(const VYRRasterPath& i_path, const VYRRasterPaint& i_paint) {
+  drawShape(i_path, i_paint, false);
+}
+
+void VYRRasterCanvas::drawARGB(unsigned a, unsigned r, unsigned g, unsigned b, int i_mode) {
+  VYRRasterPaint paint;
+  paint.setARGB(a, r, g, b);
+  paint.setBlendMode(i_mode);
+  drawPaint(paint);
+}
+
+void VYRRasterCanvas::drawColor(uint32_t i_color, int i_mode) {
+  VYRRasterPaint paint;
+  paint.setColor(i_color);
+  paint.setBlendMode(i_mode);
+  drawPaint(paint);
+}
+
+void VYRRasterCanvas::clear(uint32_t i_color) { drawColor(i_color, kSrc_VYRBlendMode); }

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "VYRRasterMask.h"
+#include "VYRRasterRect.h"
+
+// The area a canvas may paint: a device rectangle while it can stay one, else an 8-bit
+// coverage mask (over its bounds; outside them nothing is inside the clip).
+class VYR_EXPORT VYRRasterClip {
+ public:
+  enum Op { kDifference_Op, kIntersect_Op, kUnion_Op, kXOR_Op, kReverseDifference_Op, kReplace_Op };
+
+  VYRRasterClip() = default;
+  explicit VYRRasterClip(const VYRRasterIRect& i_rect) { setRect(i_rect); }
+
+  void setRect(const VYRRasterIRect& i_rect);
+  void setEmpty() { setRect(VYRRasterIRect{}); }
+  bool isEmpty() const { return _bounds.isEmpty(); }
+  bool isRect() const { return _isRect; }
+  const VYRRasterIRect& getBounds() const { return _bounds; }
+  // The coverage mask when !isRect().
+  const VYRRasterMask& getMask() const { return _mask; }
+
+  // Combines with a shape given by its coverage (a rectangle, or a mask over the device
+  // bounds i_device). Everything stays inside i_device.
+  void opRect(const VYRRasterIRect& i_rect, Op i_op, const VYRRasterIRect& i_device);
+  void opMask(const VYRRasterMask& i_mask, Op i_op, const VYRRasterIRect& i_device);
+
+  // Coverage of the clip for pixels x .. x + count - 1 of row y (all within the bounds).
+  void getRow(int x, int y, int count, uint8_t* o_coverage) const;
+
+ private:
+  void toMask();
+  void shrinkToFit();
+
+  VYRRasterIRect _bounds;
+  bool _isRect = true;
+  VYRRasterMask _mask;
+};

@@ -1,0 +1,3 @@
+#include "VYRRasterDevice.h"
+
+VYR_IMPLEMENT_CLASS(VYRRasterDevice, VYRBaseUnknown, "Engine")

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Builds the libFuzzer targets with clang and runs one: scripts/fuzz.sh <seconds> [target]
+# The corpus grows in build-fuzz/corpus/<target>; crashes land in build-fuzz/artifacts/.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+seconds="${1:?usage: scripts/fuzz.sh <seconds> [target]}"
+target="${2:-fuzz_element_stream}"
+build_dir=build-fuzz
+
+CXX=clang++ CC=clang cmake -S . -B "$build_dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DVYR_BUILD_FUZZERS=ON -DVYR_BUILD_TESTS=OFF -DVYR_BUILD_BENCHMARKS=OFF >/dev/null
+cmake --build "$build_dir" --parallel 2 --target "$target"
+
+corpus="$build_dir/corpus/$target"
+artifacts="$build_dir/artifacts/"
+mkdir -p "$corpus" "$artifacts"
+UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
+  "$build_dir/fuzz/$target" -max_total_time="$seconds" -artifact_prefix="$artifacts" \
+  -rss_limit_mb=2048 -timeout=10 "$corpus"
