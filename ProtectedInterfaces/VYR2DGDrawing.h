@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>  // VYRSYPDynArray.h uses size_t without including it
-
 #include "VYR2DGDrawingEnums.h"
 #include "VYR2DGRect.h"
 #include "VYRBaseUnknown.h"

@@ -26,8 +26,10 @@ enum VYRPrintFillRule : int {
   eFillRuleNonZero = 1
 };
 
-// Caps and joins share one enumeration. Unknown caps are butt, unknown joins miter.
+// Line style, caps and joins share one enumeration (style 8 is solid).
+// Unknown caps are butt, unknown joins miter.
 enum VYRPrintLineAttribute : int {
+  eLineStyleSolid = 8,
   eLineCapButt = 10,
   eLineCapSquare = 11,
   eLineCapRound = 12,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MM2DAttributeTypes.h"
-#include "VYR2DGDrawingTypes.h"
+#include "VYR2DGDrawingEnums.h"
 #include "VYRExport.h"
 
 class VYRI2DGStream;
@@ -33,6 +33,6 @@ class VYR_EXPORT VYRPrtAdobeAttributes {
  private:
   bool _defined = false;
   double _opacityShare = 1.0;
-  VYR2DGTransferMode _blendingMode = VYR2DGTransferSourceOver;
+  VYR2DGTransferMode _blendingMode = eTransferSourceOver;
   MM2D::Knockout _knockout = MM2D::KnockoutNone;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MM2DAttributeTypes.h"
-#include "VYR2DGDrawingTypes.h"
+#include "VYR2DGDrawingEnums.h"
 #include "VYRExport.h"
 
 class VYRI2DGStream;
@@ -68,9 +68,9 @@ class VYR_EXPORT VYRPrtStrokeAttributes {
   float* _strokeTypePattern = nullptr;
   unsigned char _strokeTypePatternCount = 0;
   double _strokeWidth = 1.0;
-  VYRPrintLineAttribute _strokeStyle = VYRPrintLineSolid;
-  VYRPrintLineAttribute _strokeCap = VYRPrintLineCapButt;
-  VYRPrintLineAttribute _strokeJoin = VYRPrintLineJoinMiter;
+  VYRPrintLineAttribute _strokeStyle = eLineStyleSolid;
+  VYRPrintLineAttribute _strokeCap = eLineCapButt;
+  VYRPrintLineAttribute _strokeJoin = eLineJoinMiter;
   VYRPrtStrokeMode _strokeMode = VYRPrtStrokeModeDefault;
   VYRPrintGradient* _pGradient = nullptr;
   MM2D::GradientType _gradientType = MM2D::GradientNone;

@@ -11,6 +11,7 @@ build_dir=build
 if [ "${1:-}" = "--sanitize" ]; then
   build_dir=build-sanitize
   export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
+  export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp"
   export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
   scripts/build.sh --sanitize "$build_dir"
 else

@@ -85,7 +85,7 @@ TEST_F(ModelElement, EveryCommonAttributeRoundTripsWithFreshReferences) {
   elt->SetTitle("title");
   elt->SetSpaceHandling("preserve");
   VYRPrtAdobeAttributes adobe;
-  adobe.SetBlendingMode(VYR2DGTransferMultiply);
+  adobe.SetBlendingMode(eTransferMultiply);
   adobe.SetOpacityShare(0.25);
   elt->SetAdobeAttributes(adobe);
   elt->SetClipPathID("clip");

@@ -140,7 +140,7 @@ TEST(StrokeAttributes, BytesAndRoundTripWithDashesAndRadialGradient) {
   stroke.SetStrokeTypePattern(dashes, 2);
   stroke.SetStrokeWidth(2.5);
   stroke.SetStrokeColorIndex(3);
-  stroke.SetStrokeCap(VYRPrintLineCapRound);
+  stroke.SetStrokeCap(eLineCapRound);
   stroke.SetGradientType(MM2D::GradientRadial);
   auto* radial = static_cast<VYRPrintGradientRadial*>(stroke.GetGradient());
   radial->SetCentre(1, 2);

@@ -2,13 +2,40 @@
 
 #include <xercesc/dom/DOMAttr.hpp>
 #include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/TransService.hpp>
 
+#include <new>
 #include <string>
 
 #include "VYRXMLDocumentData.h"
 
 using xercesc::DOMNode;
+
+VYRXMLArena::~VYRXMLArena() {
+  for (void* block : _blocks) ::operator delete(block);
+}
+
+xercesc::MemoryManager* VYRXMLArena::getExceptionMemoryManager() {
+  return xercesc::XMLPlatformUtils::fgMemoryManager;
+}
+
+void* VYRXMLArena::allocate(XMLSize_t i_size) {
+  void* block = ::operator new(i_size, std::nothrow);
+  if (!block) throw xercesc::OutOfMemoryException();  // what the parser library expects
+  try {
+    _blocks.insert(block);
+  } catch (...) {
+    ::operator delete(block);
+    throw xercesc::OutOfMemoryException();
+  }
+  return block;
+}
+
+void VYRXMLArena::deallocate(void* i_pBlock) {
+  if (i_pBlock && _blocks.erase(i_pBlock) > 0) ::operator delete(i_pBlock);
+}
 
 VYRXMLDocumentData::~VYRXMLDocumentData() {
   try {

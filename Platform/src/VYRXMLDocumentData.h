@@ -2,17 +2,38 @@
 
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMNode.hpp>
+#include <xercesc/framework/MemoryManager.hpp>
 
 #include <memory>
+#include <unordered_set>
 
 #include "VYRUnicodeString.h"
 #include "VYRXMLDOM.h"
+
+// The memory of one parse and of the document it builds. The parser library
+// does not give back everything it takes for a document type declaration;
+// what is left is freed here, when the document goes.
+class VYRXMLArena : public xercesc::MemoryManager {
+ public:
+  VYRXMLArena() = default;
+  ~VYRXMLArena() override;
+  VYRXMLArena(const VYRXMLArena&) = delete;
+  VYRXMLArena& operator=(const VYRXMLArena&) = delete;
+
+  xercesc::MemoryManager* getExceptionMemoryManager() override;
+  void* allocate(XMLSize_t i_size) override;
+  void deallocate(void* i_pBlock) override;
+
+ private:
+  std::unordered_set<void*> _blocks;
+};
 
 // Owns a parsed document for the handles that refer into it, and converts
 // between the parser's UTF-16 text and the platform's UTF-8 strings.
 class VYRXMLDocumentData {
  public:
-  explicit VYRXMLDocumentData(xercesc::DOMDocument* i_pDocument) : _pDocument(i_pDocument) {}
+  VYRXMLDocumentData(std::unique_ptr<VYRXMLArena> i_arena, xercesc::DOMDocument* i_pDocument)
+      : _arena(std::move(i_arena)), _pDocument(i_pDocument) {}
   ~VYRXMLDocumentData();
   VYRXMLDocumentData(const VYRXMLDocumentData&) = delete;
   VYRXMLDocumentData& operator=(const VYRXMLDocumentData&) = delete;
@@ -25,6 +46,7 @@ class VYRXMLDocumentData {
   }
 
  private:
+  std::unique_ptr<VYRXMLArena> _arena;  // outlives the document, which allocates from it
   xercesc::DOMDocument* _pDocument;
 };
 

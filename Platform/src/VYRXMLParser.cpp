@@ -156,6 +156,7 @@ struct NestingTooDeep {};
 // Stops the parse when elements nest deeper than the builder allows.
 class DepthLimitedDOMParser : public xercesc::XercesDOMParser {
  public:
+  explicit DepthLimitedDOMParser(xercesc::MemoryManager* i_pMemory) : xercesc::XercesDOMParser(nullptr, i_pMemory) {}
   void startElement(const xercesc::XMLElementDecl& i_decl, const unsigned int i_urlId, const XMLCh* const i_prefix,
                     const xercesc::RefVectorOf<xercesc::XMLAttr>& i_attributes, const XMLSize_t i_attributeCount,
                     const bool i_isEmpty, const bool i_isRoot) override {
@@ -212,7 +213,8 @@ VYRStatus VYRIXMLDOMDocumentBuilder::Parse(const VYRIXMLInputSource& i_source,
     LocalOnlyEntityResolver resolver;
     FirstErrorHandler errors;
     xercesc::SecurityManager limits;  // caps entity expansions (billion laughs)
-    DepthLimitedDOMParser parser;
+    auto arena = std::make_unique<VYRXMLArena>();
+    DepthLimitedDOMParser parser(arena.get());  // goes before the arena
     parser.setValidationScheme(validate ? xercesc::XercesDOMParser::Val_Always : xercesc::XercesDOMParser::Val_Never);
     parser.setDoNamespaces(true);
     parser.setDoSchema(false);
@@ -232,7 +234,8 @@ VYRStatus VYRIXMLDOMDocumentBuilder::Parse(const VYRIXMLInputSource& i_source,
 
     if (errors.HasError()) return Fail(errors.Message());
     if (!parser.getDocument() || !parser.getDocument()->getDocumentElement()) return Fail("no document element");
-    o_document = VYRXMLDocumentData::MakeDocumentHandle(std::make_shared<VYRXMLDocumentData>(parser.adoptDocument()));
+    auto document = std::make_shared<VYRXMLDocumentData>(std::move(arena), parser.adoptDocument());
+    o_document = VYRXMLDocumentData::MakeDocumentHandle(document);
     return VYR_S_OK;
   } catch (const NestingTooDeep&) {
     return Fail("elements nest deeper than " + std::to_string(kMaxElementDepth) + " levels");

@@ -18,6 +18,4 @@ class VYRCairoCoverage : public VYRRasterCoverage {
   cairo_t* beginMask(const VYRRasterIRect& i_bounds, bool i_antiAlias, VYRRasterMask* o_mask);
   void endMask(cairo_t* ipCairo, VYRRasterMask* o_mask);
   static void appendPath(cairo_t* ipCairo, const VYRRasterPath& i_path);
-
-  std::vector<uint8_t> _scratch;  // Cairo needs 4-byte aligned rows; masks are packed
 };
