@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>  // VYRSYPDynArray.h uses size_t without including it
-
 #include "MM2DAttributeTypes.h"
 #include "VYRExport.h"
 #include "VYRMathPoint2D.h"

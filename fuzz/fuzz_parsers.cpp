@@ -1,5 +1,7 @@
-// Runs every value parser over arbitrary bytes. The input block is exactly as
-// long as the data, so any read past the range is caught by AddressSanitizer.
+// Runs every value parser and the SVG document set-up over arbitrary bytes.
+// The input block is exactly as long as the data, so any read past the range
+// is caught by AddressSanitizer. Run with -close_fd_mask=2 to silence the
+// parse failure messages.
 #include <cstddef>
 #include <cstdint>
 
@@ -55,5 +57,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* i_pData, size_t i_size) {
   MMParsingTools::ParseSVGRect(text, x, y, width, height);
   MMParsingTools::StringToUnitType(text);
   MMParsingTools::StringToColorMatrixType(text);
+
+  // Odd first bytes parse the text as it is, even ones go through the SVG rewrite.
+  VYRUnicodeString buffer(text);
+  VYRIDOMElement_var root;
+  const bool asSvg = i_size == 0 || (i_pData[0] & 1u) == 0;
+  if (MMParsingTools::BuildParser(buffer, asSvg ? "svg" : "xml", root) >= 0) {
+    VYRIDOMNode_var node;
+    root.GetFirstChild(node);
+    VYRIDOMNode_var next;
+    VYRUnicodeString name;
+    VYRUnicodeString value;
+    MMParsingTools::GetValue(root, value);
+    for (int steps = 0; steps < 64 && MMParsingTools::GetNextNode(node, next, name) >= 0; ++steps) {
+      MMParsingTools::GetValue(next, value);
+      node = next;
+    }
+  }
   return 0;
 }
