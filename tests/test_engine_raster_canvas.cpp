@@ -239,6 +239,30 @@ TEST(RasterCanvas, AntiAliasedClipPathFadesItsEdge) {
   EXPECT_LT(edge, 255);
 }
 
+// Rows lying wholly inside a clip mask skip its coverage; others multiply the two coverages.
+TEST(RasterCanvas, ShapesUnderAClipMaskGetBothCoveragesOnEveryRow) {
+  VYRRasterPath circle;
+  circle.addCircle(30, 30, 25);
+  VYRRasterPath triangle;
+  triangle.moveTo(10.5f, 2);
+  triangle.lineTo(52, 40.5f);
+  triangle.lineTo(3, 57.25f);
+  triangle.close();
+  Surface clipped(60, 60), clipAlone(60, 60), shapeAlone(60, 60);
+  clipped.canvas->clipPath(circle, VYRRasterCanvas::kIntersect_Op, true);
+  clipped.canvas->drawPath(triangle, Paint(0xFF000000));
+  clipAlone.canvas->drawPath(circle, Paint(0xFF000000));
+  shapeAlone.canvas->drawPath(triangle, Paint(0xFF000000));
+  int inside = 0;
+  for (int y = 0; y < 60; ++y)
+    for (int x = 0; x < 60; ++x) {
+      const int expected = (clipAlone.alphaAt(x, y) * shapeAlone.alphaAt(x, y) + 127) / 255;
+      ASSERT_NEAR(clipped.alphaAt(x, y), expected, 1) << x << "," << y;
+      inside += clipAlone.alphaAt(x, y) == 255 && shapeAlone.alphaAt(x, y) == 255;
+    }
+  EXPECT_GT(inside, 300);
+}
+
 TEST(RasterCanvas, HugeAndNotANumberCoordinatesStayInsideTheBitmap) {
   // Guard pixels around the bitmap: one row before and after must not change.
   const int w = 16, h = 16;
