@@ -8,10 +8,11 @@ struct VYRMathPoint2D;
 class VYRPrtPointListElt;
 
 // The axis-aligned extent, in model coordinates, of a model's images or of
-// one element subtree: geometry only (no stroke width, markers, filters, clip
-// paths or masks; a text counts as a vertical segment of its height at its
-// first character). Boxes come out as xmin, xmax, ymin, ymax; nothing
-// measured gives the empty box (100000, -100000, 100000, -100000).
+// one element subtree: geometry only (no stroke width, markers drawn at
+// vertices, filters, clip paths or masks; a text counts as a vertical segment
+// of its height at its first character, a marker element measured itself as
+// its width and height from its reference point; paths count nothing).
+// Boxes come out as xmin, xmax, ymin, ymax; nothing measured gives the empty box (100000, -100000, 100000, -100000).
 //
 // Meant for one Compute and then discarded: the transform of an image of
 // size 0 x 0 is dropped and not restored for that image's later siblings.
