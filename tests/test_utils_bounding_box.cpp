@@ -113,7 +113,9 @@ TEST_F(BoundingBox, ModelWithoutImagesGivesTheEmptyBoxAndMinusOne) {
   EXPECT_EQ(Measure(&model, result), kEmptyBox);
   EXPECT_EQ(result, -1);
 
-  model.AddImage(nullptr);
+  VYRListPtrVYRPrtImageElt* pImages = nullptr;
+  model.GetImages(pImages);
+  pImages->Append(nullptr);  // a list of null entries only
   EXPECT_EQ(Measure(&model, result), kEmptyBox);
   EXPECT_EQ(result, -1);
 }
@@ -126,7 +128,9 @@ TEST_F(BoundingBox, ModelMeasuresEveryImageAndSkipsNullEntries) {
   VYRPrtLineElt line(VYRMathPoint2D(-5, 0), VYRMathPoint2D(0, 40));
   document.AddChild(&line);
   model.AddImage(&sized);
-  model.AddImage(nullptr);
+  VYRListPtrVYRPrtImageElt* pImages = nullptr;
+  model.GetImages(pImages);
+  pImages->Append(nullptr);
   model.AddImage(&document);
   int result = 0;
   EXPECT_EQ(Measure(&model, result), (Box{-5, 11, 0, 40}));
