@@ -23,7 +23,7 @@ double StrokeReach(const VYRRasterCoverage::Stroke& i_stroke, const VYRRasterMat
 }
 }  // namespace
 
-VYRRasterCoverage* VYRRasterCoverage::Create() { return new VYRCairoCoverage(); }
+
 
 cairo_t* VYRCairoCoverage::beginMask(const VYRRasterIRect& i_bounds, bool i_antiAlias, VYRRasterMask* o_mask) {
   // Cairo draws straight into the mask: its rows are padded to Cairo's A8 stride.

@@ -6,7 +6,7 @@
 
 // Scan conversion by Cairo: paths are drawn with the ADD operator onto an A8 image surface
 // made over the mask's own buffer, curves flattened at a tolerance of 0.1 device pixel.
-class VYRCairoCoverage : public VYRRasterCoverage {
+class VYR_EXPORT VYRCairoCoverage : public VYRRasterCoverage {
  public:
   bool FillPath(const VYRRasterPath& i_devicePath, bool i_antiAlias, const VYRRasterIRect& i_clip,
                 VYRRasterMask* o_mask) override;

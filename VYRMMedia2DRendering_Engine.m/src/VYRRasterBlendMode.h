@@ -46,6 +46,11 @@ class VYR_EXPORT VYRRasterBlender {
                        const uint8_t* i_coverage, int i_count);
   // One pixel, full coverage (reference for tests and slow paths).
   static uint32_t BlendPixel(VYRRasterBlendMode i_mode, uint32_t i_src, uint32_t i_dst);
+  // The mode of that number; numbers outside the table are source-over.
+  static VYRRasterBlendMode ModeOrSourceOver(int i_mode) {
+    return i_mode >= kClear_VYRBlendMode && i_mode <= kLastMode_VYRBlendMode ? static_cast<VYRRasterBlendMode>(i_mode)
+                                                                             : kSrcOver_VYRBlendMode;
+  }
   // Straight 0xAARRGGBB to premultiplied, each channel c * a / 255 rounded to nearest.
   static uint32_t Premultiply(uint32_t i_color);
   // Every channel of i_count premultiplied pixels times i_alpha / 255, rounded.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "VYRAssert.h"
+#include "VYRRasterHairline.h"
 #include "VYRRasterImageFilter.h"
 
 VYR_IMPLEMENT_CLASS(VYRRasterCanvas, VYRBaseUnknown, "Engine")
@@ -334,9 +335,13 @@ void VYRRasterCanvas::drawShape(const VYRRasterPath& i_path, const VYRRasterPain
       if (stroke.width > 0) coverageScale = 0.5f * (len1 + len2);
       VYRRasterPath device;
       stroked->transform(_matrix, &device);
-      stroke.width = 1.0f;
-      stroke.join = VYRRasterPaint::kBevel_Join;
-      _pCoverage->StrokePath(device, VYRRasterMatrix(), stroke, i_paint.isAntiAlias(), clipBounds, &strokeCoverage);
+      if (i_paint.isAntiAlias()) {
+        VYRRasterHairline::Rasterize(device, clipBounds, &strokeCoverage);
+      } else {
+        stroke.width = 1.0f;
+        stroke.join = VYRRasterPaint::kBevel_Join;
+        _pCoverage->StrokePath(device, VYRRasterMatrix(), stroke, false, clipBounds, &strokeCoverage);
+      }
     } else {
       _pCoverage->StrokePath(*stroked, _matrix, stroke, i_paint.isAntiAlias(), clipBounds, &strokeCoverage);
     }

@@ -71,6 +71,8 @@ class VYR_EXPORT VYRRasterCanvas : public VYRBaseUnknown {
   void restoreToCount(int i_count);
   int getSaveCount() const { return static_cast<int>(_saves.size()) + 1; }
   bool isDrawingToLayer() const { return !_layers.empty(); }
+  // The device rectangle the top layer covers (empty without a layer).
+  VYRRasterIRect getLayerBounds() const { return _layers.empty() ? VYRRasterIRect{} : _layers.back().bounds; }
 
   const VYRRasterMatrix& getTotalMatrix() const { return _matrix; }
   void setMatrix(const VYRRasterMatrix& i_matrix) { _matrix = i_matrix; }
