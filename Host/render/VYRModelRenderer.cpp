@@ -207,10 +207,11 @@ void VYRModelRenderer::DrawNode(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& 
     if (needsLayer) {
       if (i_pElt->GetFilter() != nullptr) _drawing.SetLayerFilter(i_pElt->GetFilter(), 1.0f);
       if (opacity < 1.0) _drawing.SetLayerAlpha(static_cast<float>(opacity));
-      _drawing.SaveLayer();
+      // A drawing without layers paints the content as it is.
+      const bool layered = _drawing.SaveLayer() >= 0;
       DrawContent(i_pElt, paint, i_depth);
-      if (i_pElt->GetMask() != nullptr) DrawMask(i_pElt, paint, i_depth);
-      _drawing.Restore(-1);
+      if (layered && i_pElt->GetMask() != nullptr) DrawMask(i_pElt, paint, i_depth);
+      if (layered) _drawing.Restore(-1);
     } else {
       paint.alpha *= opacity;
       DrawContent(i_pElt, paint, i_depth);
@@ -492,6 +493,46 @@ void VYRModelRenderer::DrawMarker(VYRPrtMarkerElt* i_pMarker, const VYRMathPoint
 
 // ---- Clip paths and masks
 
+namespace {
+
+// Grows a box by another box mapped through a matrix.
+void AddMappedBox(double i_xmin, double i_xmax, double i_ymin, double i_ymax, const VYRMath3x3Matrix& i_matrix,
+                  bool& io_any, double& io_xmin, double& io_xmax, double& io_ymin, double& io_ymax) {
+  VYRHostPath corners;
+  corners.MoveTo(VYRMathPoint2D(i_xmin, i_ymin));
+  corners.LineTo(VYRMathPoint2D(i_xmax, i_ymin));
+  corners.LineTo(VYRMathPoint2D(i_xmax, i_ymax));
+  corners.LineTo(VYRMathPoint2D(i_xmin, i_ymax));
+  corners.Transform(i_matrix);
+  double xmin, xmax, ymin, ymax;
+  corners.GetBounds(xmin, xmax, ymin, ymax);
+  if (!io_any) {
+    io_xmin = xmin, io_xmax = xmax, io_ymin = ymin, io_ymax = ymax;
+    io_any = true;
+  }
+  io_xmin = std::min(io_xmin, xmin);
+  io_xmax = std::max(io_xmax, xmax);
+  io_ymin = std::min(io_ymin, ymin);
+  io_ymax = std::max(io_ymax, ymax);
+}
+
+}  // namespace
+
+bool VYRModelRenderer::GetDrawingBounds(VYRPrtModel& i_model, double& o_xmin, double& o_xmax, double& o_ymin,
+                                        double& o_ymax) {
+  VYRListPtrVYRPrtImageElt* pImages = nullptr;
+  i_model.GetImages(pImages);
+  bool any = false;
+  for (int i = 1; pImages != nullptr && i <= pImages->Size(); ++i) {
+    VYRPrtImageElt* pImage = (*pImages)[i];
+    double xmin, xmax, ymin, ymax;
+    if (pImage == nullptr || !LocalBounds(pImage, xmin, xmax, ymin, ymax, 0)) continue;
+    AddMappedBox(xmin, xmax, ymin, ymax, MatrixOf(pImage->GetTransformAttributes()), any, o_xmin, o_xmax, o_ymin,
+                 o_ymax);
+  }
+  return any;
+}
+
 bool VYRModelRenderer::LocalBounds(VYRPrtGraphicPrimitiveElt* i_pElt, double& o_xmin, double& o_xmax,
                                    double& o_ymin, double& o_ymax, int i_depth) {
   if (i_pElt == nullptr || i_depth > kMaximumDepth) return false;
@@ -504,22 +545,8 @@ bool VYRModelRenderer::LocalBounds(VYRPrtGraphicPrimitiveElt* i_pElt, double& o_
   for (int i = 0; i < children.GetLength(); ++i) {
     double xmin, xmax, ymin, ymax;
     if (!LocalBounds(children[i], xmin, xmax, ymin, ymax, i_depth + 1)) continue;
-    // The child's box corners, in this element's coordinates.
-    VYRHostPath corners;
-    corners.MoveTo(VYRMathPoint2D(xmin, ymin));
-    corners.LineTo(VYRMathPoint2D(xmax, ymin));
-    corners.LineTo(VYRMathPoint2D(xmax, ymax));
-    corners.LineTo(VYRMathPoint2D(xmin, ymax));
-    corners.Transform(MatrixOf(children[i]->GetTransformAttributes()));
-    corners.GetBounds(xmin, xmax, ymin, ymax);
-    if (!any) {
-      o_xmin = xmin, o_xmax = xmax, o_ymin = ymin, o_ymax = ymax;
-      any = true;
-    }
-    o_xmin = std::min(o_xmin, xmin);
-    o_xmax = std::max(o_xmax, xmax);
-    o_ymin = std::min(o_ymin, ymin);
-    o_ymax = std::max(o_ymax, ymax);
+    AddMappedBox(xmin, xmax, ymin, ymax, MatrixOf(children[i]->GetTransformAttributes()), any, o_xmin, o_xmax,
+                 o_ymin, o_ymax);
   }
   return any;
 }
@@ -584,7 +611,7 @@ void VYRModelRenderer::DrawMask(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& 
   const bool hasBounds = LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0);
   // The mask's luminance, drawn in a layer of its own, keeps what it covers of the content below.
   _drawing.SetLayerMaskMode(eTransferDestinationIn);
-  _drawing.SaveLayer();
+  if (_drawing.SaveLayer() < 0) return;
   const VYRPrtRegionAttributes& region = pMask->GetRegion();
   VYR2DGRect area(static_cast<float>(region.GetX()), static_cast<float>(region.GetY()),
                   static_cast<float>(region.GetWidth()), static_cast<float>(region.GetHeight()));

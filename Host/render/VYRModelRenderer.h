@@ -33,6 +33,12 @@ class VYRModelRenderer {
   // The size of the model's first image, in pixels; false when it has none.
   static bool GetDocumentSize(VYRPrtModel& i_model, double& o_width, double& o_height);
 
+  // The box of what the model draws, in document units: every shape's
+  // outline (curve control points included, strokes excluded) under its
+  // transforms. False when the model draws nothing.
+  static bool GetDrawingBounds(VYRPrtModel& i_model, double& o_xmin, double& o_xmax, double& o_ymin,
+                               double& o_ymax);
+
   // Renders the model into a new image (one reference, the caller releases
   // it) of the given size; a size of 0 takes the document's, and a single
   // given side keeps the document's proportions. Null, with the reason in
@@ -64,8 +70,8 @@ class VYRModelRenderer {
   // The colour at an index of the current colour table (black when missing).
   void Colour(const Paint& i_paint, unsigned int i_index, float o_rgb[3]) const;
   // The element's box in its own coordinates, children included.
-  bool LocalBounds(VYRPrtGraphicPrimitiveElt* i_pElt, double& o_xmin, double& o_xmax, double& o_ymin,
-                   double& o_ymax, int i_depth);
+  static bool LocalBounds(VYRPrtGraphicPrimitiveElt* i_pElt, double& o_xmin, double& o_xmax, double& o_ymin,
+                          double& o_ymax, int i_depth);
   VYRPrtGraphicPrimitiveElt* FindByID(const VYRUnicodeString& i_id) const;
 
   VYR2DGDrawing& _drawing;

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <unistd.h>
+
 #include "VYR2DGStringStream.h"
 #include "VYRModelRenderer.h"
 #include "VYRPixelImage.h"
@@ -119,14 +121,41 @@ int Save(const std::vector<std::string>& i_args) {
   return 0;
 }
 
+int BoundingBox(const std::vector<std::string>& i_args) {
+  if (i_args.size() != 2) return Fail(std::string("bad arguments\n") + kUsage);
+  std::string error;
+  VYRPrtModel* pModel = ReadAny(i_args[1], error);
+  if (pModel == nullptr) return Fail(error);
+  double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
+  const bool found = VYRModelRenderer::GetDrawingBounds(*pModel, xmin, xmax, ymin, ymax);
+  pModel->Release();
+  if (!found) return Fail(i_args[1] + " draws nothing");
+  std::printf("xmin %g xmax %g ymin %g ymax %g\n", xmin, xmax, ymin, ymax);
+  return 0;
+}
+
+// Without VYRInstallPath the build or installation tree holding this
+// program is the root, so that documents never send for their DTD.
+void DefaultInstallPath() {
+  if (std::getenv("VYRInstallPath") != nullptr) return;
+  char path[4096];
+  const ssize_t length = readlink("/proc/self/exe", path, sizeof(path) - 1);
+  if (length <= 0) return;
+  std::string root(path, static_cast<size_t>(length));
+  for (int up = 0; up < 2; ++up) root = root.substr(0, root.find_last_of('/'));
+  setenv("VYRInstallPath", root.c_str(), 0);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   const std::vector<std::string> args(argv + 1, argv + argc);
   if (args.empty()) return Fail(std::string("no command\n") + kUsage);
+  DefaultInstallPath();
   const std::string& command = args[0];
   if (command == "render") return Render(args, false);
   if (command == "load") return Render(args, true);
   if (command == "save") return Save(args);
+  if (command == "bbox") return BoundingBox(args);
   return Fail("unknown command \"" + command + "\"\n" + kUsage);
 }
