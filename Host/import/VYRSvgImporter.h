@@ -32,7 +32,7 @@ class VYRSvgImporter {
  public:
   // The largest number of elements one document may produce (guards against
   // use elements that multiply each other).
-  static constexpr int kMaximumElementCount = 200000;
+  static constexpr int kMaximumElementCount = 50000;
   // The deepest element nesting, use elements included, that is read.
   static constexpr int kMaximumDepth = 128;
 

@@ -108,7 +108,7 @@ bool ParseRgbFunction(const std::string& i_arguments, VYRSvgColor& o_color) {
     MMParsingTools::SkipSVGSpaces(pCursor, pEnd);
     if (!MMParsingTools::ParseNumber(pCursor, pEnd, channels[i])) return false;
     if (pCursor < pEnd && *pCursor == '%') {
-      channels[i] *= 2.55;
+      channels[i] = channels[i] * 255.0 / 100.0;
       ++pCursor;
     }
     MMParsingTools::SkipSVGSpacesAndDelimiters(pCursor, pEnd);
