@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -292,6 +293,22 @@ TEST(RasterCanvas, HugeAndNotANumberCoordinatesStayInsideTheBitmap) {
   }
   canvas->Release();
   device->Release();
+}
+
+TEST(RasterCanvas, EraseFillsEveryPixelPremultipliedAndLeavesRowPaddingAlone) {
+  std::vector<uint32_t> memory(4 * 2, 0xABABABABu);
+  VYRRasterBitmap bitmap;
+  ASSERT_TRUE(bitmap.setConfig(3, 2, 16));
+  bitmap.setPixels(memory.data());
+  for (auto [a, r, g, b, expected] : {std::array<uint32_t, 5>{0, 0, 0, 0, 0x00000000u},
+                                      std::array<uint32_t, 5>{255, 255, 255, 255, 0xFFFFFFFFu},
+                                      std::array<uint32_t, 5>{128, 255, 0, 0, 0x80800000u}}) {
+    bitmap.eraseARGB(a, r, g, b);
+    for (int y = 0; y < 2; ++y) {
+      for (int x = 0; x < 3; ++x) EXPECT_EQ(memory[y * 4 + x], expected) << x << "," << y;
+      EXPECT_EQ(memory[y * 4 + 3], 0xABABABABu);
+    }
+  }
 }
 
 TEST(RasterCanvas, BitmapRefusesBadSizes) {
