@@ -13,6 +13,7 @@
 #include "VYR2DGStringStream.h"
 #include "VYRModelRenderer.h"
 #include "VYRPixelImage.h"
+#include "VYRPrintModelBoundingBoxComputer.h"
 #include "VYRPrtModel.h"
 #include "VYRSvgImporter.h"
 
@@ -126,11 +127,16 @@ int BoundingBox(const std::vector<std::string>& i_args) {
   std::string error;
   VYRPrtModel* pModel = ReadAny(i_args[1], error);
   if (pModel == nullptr) return Fail(error);
+  // The document's extent as the library measures the model (its images'
+  // areas), then the extent of what it draws, path outlines included.
   double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
-  const bool found = VYRModelRenderer::GetDrawingBounds(*pModel, xmin, xmax, ymin, ymax);
+  if (VYRPrintModelBoundingBoxComputer().Compute(pModel, xmin, xmax, ymin, ymax) == 1) {
+    std::printf("document xmin %g xmax %g ymin %g ymax %g\n", xmin, xmax, ymin, ymax);
+  }
+  const bool drawn = VYRModelRenderer::GetDrawingBounds(*pModel, xmin, xmax, ymin, ymax);
   pModel->Release();
-  if (!found) return Fail(i_args[1] + " draws nothing");
-  std::printf("xmin %g xmax %g ymin %g ymax %g\n", xmin, xmax, ymin, ymax);
+  if (!drawn) return Fail(i_args[1] + " draws nothing");
+  std::printf("drawing xmin %g xmax %g ymin %g ymax %g\n", xmin, xmax, ymin, ymax);
   return 0;
 }
 
