@@ -147,6 +147,111 @@ TEST(HostRender, RefusedSizesGiveAReasonAndNoImage) {
   EXPECT_FALSE(nothing.Error().empty());
 }
 
+// ---- Layers: group opacity, masks, filters
+
+TEST(HostRenderLayers, GroupOpacityFadesOverlapsOnce) {
+  // Two overlapping opaque squares in a half-transparent group: the overlap
+  // shows the top square at half alpha, not the two stacked.
+  Rendered picture(Svg("<g opacity='0.5'><rect width='20' height='20' fill='red'/>"
+                       "<rect x='10' y='10' width='20' height='20' fill='blue'/></g>"
+                       "<rect x='0' y='30' width='20' height='10' fill='red' stroke='blue' stroke-width='4'"
+                       " opacity='0.5'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(5, 5), {255, 0, 0, 128}));
+  EXPECT_TRUE(Near(picture.At(15, 15), {0, 0, 255, 128}));
+  EXPECT_TRUE(Near(picture.At(25, 25), {0, 0, 255, 128}));
+  // A shape's stroke over its own fill: the stroke alone at half alpha.
+  EXPECT_TRUE(Near(picture.At(10, 31), {0, 0, 255, 128}));
+  EXPECT_TRUE(Near(picture.At(10, 35), {255, 0, 0, 128}));
+}
+
+TEST(HostRenderLayers, MasksKeepByLuminance) {
+  // White keeps, black removes, grey (50%) halves, and outside the mask's content nothing is kept.
+  Rendered picture(Svg("<mask id='m' maskUnits='userSpaceOnUse' x='0' y='0' width='40' height='40'>"
+                       "<rect width='10' height='40' fill='white'/><rect x='10' width='10' height='40' fill='black'/>"
+                       "<rect x='20' width='10' height='40' fill='rgb(50%,50%,50%)'/></mask>"
+                       "<rect width='40' height='40' fill='blue' mask='url(#m)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(5, 20), kBlue));
+  EXPECT_TRUE(Near(picture.At(15, 20), kClear));
+  EXPECT_TRUE(Near(picture.At(25, 20), {0, 0, 255, 128}, 3));
+  EXPECT_TRUE(Near(picture.At(35, 20), kClear));
+}
+
+TEST(HostRenderLayers, MaskRegionsAndBoxUnitsWithOpacity) {
+  // The default region reaches 10% beyond the box; content units in box fractions.
+  Rendered picture(Svg("<mask id='m' maskContentUnits='objectBoundingBox'>"
+                       "<rect width='0.5' height='1' fill='white'/></mask>"
+                       "<rect x='10' y='10' width='20' height='20' fill='red' mask='url(#m)' opacity='0.5'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(15, 20), {255, 0, 0, 128}));
+  EXPECT_TRUE(Near(picture.At(25, 20), kClear));
+  // A mask used inside its own content is left out there instead of recursing.
+  Rendered recursive(Svg("<mask id='m' maskUnits='userSpaceOnUse' x='0' y='0' width='40' height='40'>"
+                         "<rect width='20' height='40' fill='white' mask='url(#m)'/></mask>"
+                         "<rect width='40' height='40' fill='red' mask='url(#m)'/>"));
+  ASSERT_NE(recursive.Image(), nullptr);
+  EXPECT_TRUE(Near(recursive.At(10, 10), kRed));
+  EXPECT_TRUE(Near(recursive.At(30, 10), kClear));
+}
+
+TEST(HostRenderLayers, OffsetAndColourMatrixFilters) {
+  // The offset is in user units: doubled when the document is drawn twice as large.
+  Rendered picture(Svg("<filter id='f'><feOffset dx='5' dy='0'/></filter>"
+                       "<filter id='g'><feColorMatrix type='matrix' values='0 0 0 0 0  0 1 0 0 0  1 0 0 0 0  0 0 0 1 0'/>"
+                       "</filter>"
+                       "<rect x='2' y='2' width='10' height='10' fill='red' filter='url(#f)'/>"
+                       "<rect x='2' y='20' width='10' height='10' fill='red' filter='url(#g)'/>",
+                       "width='80' height='80' viewBox='0 0 40 40'"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(6, 14), kClear));   // moved away
+  EXPECT_TRUE(Near(picture.At(24, 14), kRed));    // user x 12 lies in the moved square
+  EXPECT_TRUE(Near(picture.At(27, 14), kClear));  // beyond the filter region
+  EXPECT_TRUE(Near(picture.At(14, 50), kBlue));   // red turned blue
+}
+
+TEST(HostRenderLayers, BlurSpreadsWithinTheFilterRegion) {
+  Rendered picture(Svg("<filter id='f'><feGaussianBlur stdDeviation='2'/></filter>"
+                       "<rect x='10' y='10' width='20' height='20' fill='blue' filter='url(#f)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(20, 20), kBlue));
+  const Rgba edge = picture.At(10, 20);
+  EXPECT_GT(edge.a, 90);
+  EXPECT_LT(edge.a, 165);
+  EXPECT_GT(picture.At(8, 20).a, 10);            // spread outside the square
+  EXPECT_TRUE(Near(picture.At(7, 20), kClear));  // the region ends 10% (2 units) beyond it
+}
+
+TEST(HostRenderLayers, MergeAndBlendCombineResults) {
+  // A shadow: the source alpha offset and merged under the source.
+  Rendered shadow(Svg("<filter id='f' x='0' y='0' width='2' height='2'>"
+                      "<feOffset in='SourceAlpha' dx='10' dy='10' result='shadow'/>"
+                      "<feMerge><feMergeNode in='shadow'/><feMergeNode in='SourceGraphic'/></feMerge></filter>"
+                      "<rect x='5' y='5' width='15' height='15' fill='red' filter='url(#f)'/>"));
+  ASSERT_NE(shadow.Image(), nullptr);
+  EXPECT_TRUE(Near(shadow.At(10, 10), kRed));
+  EXPECT_TRUE(Near(shadow.At(25, 25), {0, 0, 0, 255}));
+  EXPECT_TRUE(Near(shadow.At(17, 17), kRed));  // the source over its shadow
+  Rendered blend(Svg("<filter id='f' x='0' y='0' width='2' height='1'>"
+                     "<feOffset dx='10' result='moved'/><feBlend in='SourceGraphic' in2='moved' mode='multiply'/>"
+                     "</filter>"
+                     "<rect x='5' y='5' width='15' height='15' fill='yellow' filter='url(#f)'/>"
+                     "<rect x='5' y='25' width='15' height='10' fill='red'/>"));
+  ASSERT_NE(blend.Image(), nullptr);
+  EXPECT_TRUE(Near(blend.At(7, 10), {255, 255, 0, 255}));
+  EXPECT_TRUE(Near(blend.At(17, 10), {255, 255, 0, 255}));  // yellow times yellow
+  EXPECT_TRUE(Near(blend.At(23, 10), {255, 255, 0, 255}));  // the moved copy alone
+}
+
+TEST(HostRenderLayers, MarkersInsideThemselvesEnd) {
+  Rendered picture(Svg("<marker id='m' refX='2' refY='2' markerWidth='4' markerHeight='4'>"
+                       "<path d='M0 0 L4 0 L4 4 Z' fill='blue' marker-start='url(#m)' marker-end='url(#m)'/></marker>"
+                       "<path d='M10 10 L30 10 L30 30' fill='none' stroke='red' stroke-width='2' marker-start='url(#m)'"
+                       " marker-mid='url(#m)' marker-end='url(#m)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(20, 10), kRed));
+}
+
 // ---- The round trip through a saved model
 
 std::string ReadFile(const std::string& i_path) {

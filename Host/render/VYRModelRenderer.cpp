@@ -78,6 +78,46 @@ const VYRPrtMarkerReferences* MarkersOf(VYRPrtGraphicPrimitiveElt* i_pElt) {
   }
 }
 
+// What a shape, line or text element paints with.
+struct ShapePaint {
+  explicit ShapePaint(VYRPrtGraphicPrimitiveElt* i_pElt) {
+    if (i_pElt->GetStreamType() == kStreamTypeLineElt) {
+      pStroke = &static_cast<VYRPrtLineElt*>(i_pElt)->GetStrokeAttributes();
+    } else if (auto* pShape = dynamic_cast<VYRPrtBaseShapeElt*>(i_pElt)) {
+      pFill = &pShape->GetFillAttributes();
+      pStroke = &pShape->GetStrokeAttributes();
+    }
+    const int fillStyle = pFill != nullptr ? pFill->GetFillStyle() : kHostFillNone;
+    hasFill = fillStyle == kHostFillColor || (fillStyle == kHostFillGradient && pFill->GetGradient() != nullptr);
+    const int strokeMode = pStroke != nullptr ? pStroke->GetStrokeMode() : kHostStrokeNone;
+    hasStroke = pStroke != nullptr && pStroke->GetStrokeWidth() > 0.0 &&
+                (strokeMode == kHostStrokeColor ||
+                 (strokeMode == kHostStrokeGradient && pStroke->GetGradient() != nullptr));
+  }
+  const VYRPrtFillAttributes* pFill = nullptr;
+  const VYRPrtStrokeAttributes* pStroke = nullptr;
+  bool hasFill = false;
+  bool hasStroke = false;
+};
+
+bool HasMarkers(VYRPrtGraphicPrimitiveElt* i_pElt) {
+  const VYRPrtMarkerReferences* pReferences = MarkersOf(i_pElt);
+  if (pReferences == nullptr) return false;
+  for (int position = 0; position < 3; ++position) {
+    const auto where = static_cast<VYRPrtMarkerReferences::Position>(position);
+    if (pReferences->GetMarker(where) != nullptr || !pReferences->GetMarkerID(where).IsEmpty()) return true;
+  }
+  return false;
+}
+
+// True when parts of what the element draws may overlap each other: a
+// group's children, a stroke over its fill, markers over their shape.
+bool PaintsOverItself(VYRPrtGraphicPrimitiveElt* i_pElt) {
+  if (dynamic_cast<VYRPrtNodeTreeElt*>(i_pElt) != nullptr) return true;
+  const ShapePaint paint(i_pElt);
+  return (paint.hasFill && paint.hasStroke) || HasMarkers(i_pElt);
+}
+
 }  // namespace
 
 // ---- Whole models
@@ -196,28 +236,42 @@ void VYRModelRenderer::DrawNode(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& 
   if (i_depth > 0 && IsDrawnWhereUsed(i_pElt->GetStreamType())) return;
   _drawing.Save(kSaveMatrixAndClip);
   _drawing.AddTransform(VYR3x3Matrix(MatrixOf(i_pElt->GetTransformAttributes())));
-  if (ApplyClipPath(i_pElt)) {
-    // Group opacity, masks and filters composite the element as a whole in
-    // a layer; a lone shape's opacity goes into its paint instead.
-    const double opacity = i_pElt->GetOpacity() / 255.0;
-    const bool isContainer = dynamic_cast<VYRPrtNodeTreeElt*>(i_pElt) != nullptr;
-    const bool needsLayer = i_pElt->GetMask() != nullptr || i_pElt->GetFilter() != nullptr ||
-                            (opacity < 1.0 && isContainer);
-    Paint paint = i_paint;
-    if (needsLayer) {
-      if (i_pElt->GetFilter() != nullptr) _drawing.SetLayerFilter(i_pElt->GetFilter(), 1.0f);
-      if (opacity < 1.0) _drawing.SetLayerAlpha(static_cast<float>(opacity));
-      // A drawing without layers paints the content as it is.
-      const bool layered = _drawing.SaveLayer() >= 0;
-      DrawContent(i_pElt, paint, i_depth);
-      if (layered && i_pElt->GetMask() != nullptr) DrawMask(i_pElt, paint, i_depth);
-      if (layered) _drawing.Restore(-1);
-    } else {
-      paint.alpha *= opacity;
-      DrawContent(i_pElt, paint, i_depth);
-    }
-  }
+  if (ApplyClipPath(i_pElt)) DrawComposited(i_pElt, i_paint, i_depth);
   _drawing.Restore(-1);
+}
+
+void VYRModelRenderer::DrawComposited(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth) {
+  VYRPrtFilterContainerElt* pFilter = i_pElt->GetFilter();
+  VYRPrtMaskElt* pMask = i_pElt->GetMask();
+  if (pMask != nullptr && _inUse.count(pMask) != 0) pMask = nullptr;
+  const double opacity = i_pElt->GetOpacity() / 255.0;
+  // Opacity goes into the paint of an element that paints each pixel once;
+  // anything else is drawn opaque into a layer that is then faded as a whole.
+  const bool opacityLayer = opacity < 1.0 && (pFilter != nullptr || pMask != nullptr || PaintsOverItself(i_pElt));
+  Paint paint = i_paint;
+  if (!opacityLayer) paint.alpha *= opacity;
+  if (pFilter != nullptr) {
+    VYR2DGRect region;
+    if (!EffectArea(i_pElt, pFilter->GetRegion(), pFilter->GetUnits(), region)) return;
+    // Blurs spread no farther than the filter region.
+    _drawing.SetCurrentClipRect(region, eClipIntersect);
+  }
+  // The content goes through the filter first, then the mask and the opacity apply to the result.
+  bool outerLayer = false;
+  if (pMask != nullptr || (opacityLayer && pFilter == nullptr)) {
+    if (opacityLayer) _drawing.SetLayerAlpha(static_cast<float>(opacity));
+    outerLayer = _drawing.SaveLayer() >= 0;
+  }
+  bool filterLayer = false;
+  if (pFilter != nullptr) {
+    if (opacityLayer && pMask == nullptr) _drawing.SetLayerAlpha(static_cast<float>(opacity));
+    _drawing.SetLayerFilter(pFilter, DeviceScale());
+    filterLayer = _drawing.SaveLayer() >= 0;
+  }
+  DrawContent(i_pElt, paint, i_depth);
+  if (filterLayer) _drawing.Restore(-1);
+  if (outerLayer && pMask != nullptr) DrawMask(i_pElt, pMask, paint, i_depth);
+  if (outerLayer) _drawing.Restore(-1);
 }
 
 void VYRModelRenderer::DrawContent(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth) {
@@ -236,8 +290,7 @@ void VYRModelRenderer::DrawContent(VYRPrtGraphicPrimitiveElt* i_pElt, const Pain
     return;
   }
   DrawShape(i_pElt, i_paint);
-  if (const VYRPrtMarkerReferences* pMarkers = MarkersOf(i_pElt)) {
-    (void)pMarkers;
+  if (HasMarkers(i_pElt)) {
     VYRHostPath outline;
     if (outline.BuildFrom(i_pElt)) DrawMarkers(i_pElt, outline, i_paint, i_depth);
   }
@@ -288,19 +341,13 @@ void VYRModelRenderer::DrawShape(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint&
   VYRHostPath outline;
   if (!outline.BuildFrom(i_pElt) || outline.IsEmpty()) return;
   const float alpha = static_cast<float>(i_paint.alpha);
-  const VYRPrtFillAttributes* pFill = nullptr;
-  const VYRPrtStrokeAttributes* pStroke = nullptr;
-  if (i_pElt->GetStreamType() == kStreamTypeLineElt) {
-    pStroke = &static_cast<VYRPrtLineElt*>(i_pElt)->GetStrokeAttributes();
-  } else if (auto* pShape = dynamic_cast<VYRPrtBaseShapeElt*>(i_pElt)) {
-    pFill = &pShape->GetFillAttributes();
-    pStroke = &pShape->GetStrokeAttributes();
-  }
-  const int fillStyle = pFill != nullptr ? pFill->GetFillStyle() : kHostFillNone;
-  const bool hasFill = fillStyle == kHostFillColor || (fillStyle == kHostFillGradient && pFill->GetGradient());
-  const int strokeMode = pStroke != nullptr ? pStroke->GetStrokeMode() : kHostStrokeNone;
-  const bool hasStroke = pStroke != nullptr && pStroke->GetStrokeWidth() > 0.0 &&
-                         (strokeMode == kHostStrokeColor || (strokeMode == kHostStrokeGradient && pStroke->GetGradient()));
+  const ShapePaint shapePaint(i_pElt);
+  const VYRPrtFillAttributes* pFill = shapePaint.pFill;
+  const VYRPrtStrokeAttributes* pStroke = shapePaint.pStroke;
+  const int fillStyle = shapePaint.hasFill ? pFill->GetFillStyle() : kHostFillNone;
+  const int strokeMode = shapePaint.hasStroke ? pStroke->GetStrokeMode() : kHostStrokeNone;
+  const bool hasFill = shapePaint.hasFill;
+  const bool hasStroke = shapePaint.hasStroke;
   if (!hasFill && !hasStroke) return;
 
   EmitPath(outline);
@@ -485,10 +532,13 @@ void VYRModelRenderer::DrawMarker(VYRPrtMarkerElt* i_pMarker, const VYRMathPoint
   // The reference point, in the marker's content coordinates, lands on the vertex.
   const VYRMathPoint2D& reference = i_pMarker->GetReferencePoint();
   transform.AddTranslation(VYRMathVector2D(-reference.x, -reference.y));
+  // A marker drawn inside itself would multiply without end: the inner uses are left out.
+  if (!_inUse.insert(i_pMarker).second) return;
   _drawing.Save(kSaveMatrixAndClip);
   _drawing.AddTransform(VYR3x3Matrix(MatrixOf(transform)));
   DrawChildren(*i_pMarker, i_paint, i_depth + 1);
   _drawing.Restore(-1);
+  _inUse.erase(i_pMarker);
 }
 
 // ---- Clip paths and masks
@@ -605,28 +655,47 @@ bool VYRModelRenderer::ApplyClipPath(VYRPrtGraphicPrimitiveElt* i_pElt) {
   return true;
 }
 
-void VYRModelRenderer::DrawMask(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth) {
-  VYRPrtMaskElt* pMask = i_pElt->GetMask();
+bool VYRModelRenderer::EffectArea(VYRPrtGraphicPrimitiveElt* i_pElt, const VYRPrtRegionAttributes& i_region,
+                                  MM2D::UnitType i_units, VYR2DGRect& o_area) {
+  o_area = VYR2DGRect(static_cast<float>(i_region.GetX()), static_cast<float>(i_region.GetY()),
+                      static_cast<float>(i_region.GetWidth()), static_cast<float>(i_region.GetHeight()));
+  if (i_units != MM2D::UnitObjectBoundingBox) return true;
   double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
-  const bool hasBounds = LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0);
-  // The mask's luminance, drawn in a layer of its own, keeps what it covers of the content below.
+  // Without a box, fractions of it mean nothing and the element is not drawn.
+  if (!LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0) || !(xmax > xmin) || !(ymax > ymin)) return false;
+  o_area = VYR2DGRect(static_cast<float>(xmin + i_region.GetX() * (xmax - xmin)),
+                      static_cast<float>(ymin + i_region.GetY() * (ymax - ymin)),
+                      static_cast<float>(i_region.GetWidth() * (xmax - xmin)),
+                      static_cast<float>(i_region.GetHeight() * (ymax - ymin)));
+  return true;
+}
+
+float VYRModelRenderer::DeviceScale() {
+  float a, b, c, d, e, f;
+  _drawing.GetMatrixTransform(a, b, c, d, e, f);
+  return std::sqrt(std::fabs(a * e - b * d));
+}
+
+void VYRModelRenderer::DrawMask(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtMaskElt* i_pMask, const Paint& i_paint,
+                                int i_depth) {
+  VYR2DGRect area;
+  const bool hasArea = EffectArea(i_pElt, i_pMask->GetRegion(), i_pMask->GetUnits(), area);
+  // The mask's luminance, drawn in a layer of its own, keeps what it covers
+  // of the content below; outside its area the layer is empty and keeps nothing.
   _drawing.SetLayerMaskMode(eTransferDestinationIn);
   if (_drawing.SaveLayer() < 0) return;
-  const VYRPrtRegionAttributes& region = pMask->GetRegion();
-  VYR2DGRect area(static_cast<float>(region.GetX()), static_cast<float>(region.GetY()),
-                  static_cast<float>(region.GetWidth()), static_cast<float>(region.GetHeight()));
-  if (pMask->GetUnits() == MM2D::UnitObjectBoundingBox && hasBounds) {
-    area = VYR2DGRect(static_cast<float>(xmin + region.GetX() * (xmax - xmin)),
-                      static_cast<float>(ymin + region.GetY() * (ymax - ymin)),
-                      static_cast<float>(region.GetWidth() * (xmax - xmin)),
-                      static_cast<float>(region.GetHeight() * (ymax - ymin)));
+  if (hasArea) {
+    _drawing.SetCurrentClipRect(area, eClipIntersect);
+    double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
+    if (i_pMask->GetContentUnits() == MM2D::UnitObjectBoundingBox &&
+        LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0)) {
+      _drawing.AddTransform(VYR3x3Matrix(BoxMatrix(xmin, xmax, ymin, ymax)));
+    }
+    Paint paint = i_paint;
+    paint.alpha = 1.0;
+    _inUse.insert(i_pMask);
+    DrawChildren(*i_pMask, paint, i_depth + 1);
+    _inUse.erase(i_pMask);
   }
-  _drawing.SetCurrentClipRect(area, eClipIntersect);
-  if (pMask->GetContentUnits() == MM2D::UnitObjectBoundingBox && hasBounds) {
-    _drawing.AddTransform(VYR3x3Matrix(BoxMatrix(xmin, xmax, ymin, ymax)));
-  }
-  Paint paint = i_paint;
-  paint.alpha = 1.0;
-  DrawChildren(*pMask, paint, i_depth + 1);
   _drawing.Restore(-1);
 }

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "MM2DAttributeTypes.h"
+#include "VYR2DGRect.h"
 #include "VYR3x3Matrix.h"
 #include "VYRMathPoint2D.h"
 #include "VYRUnicodeString.h"
@@ -14,6 +17,8 @@ class VYRPixelImage;
 class VYRPrtColourTable;
 class VYRPrtGraphicPrimitiveElt;
 class VYRPrtMarkerElt;
+class VYRPrtMaskElt;
+class VYRPrtRegionAttributes;
 class VYRPrtModel;
 class VYRPrtNodeTreeElt;
 
@@ -54,6 +59,8 @@ class VYRModelRenderer {
 
   void IndexIDs(VYRPrtGraphicPrimitiveElt* i_pElt, int i_depth);
   void DrawNode(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth);
+  // The element's content through its filter, mask and opacity.
+  void DrawComposited(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth);
   void DrawContent(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth);
   void DrawChildren(const VYRPrtNodeTreeElt& i_node, const Paint& i_paint, int i_depth);
   void DrawShape(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint);
@@ -65,7 +72,14 @@ class VYRModelRenderer {
                   const Paint& i_paint, int i_depth);
   // Installs the element's clip path; false when it clips everything away.
   bool ApplyClipPath(VYRPrtGraphicPrimitiveElt* i_pElt);
-  void DrawMask(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth);
+  // Composites the mask's luminance into the layer holding the element.
+  void DrawMask(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtMaskElt* i_pMask, const Paint& i_paint, int i_depth);
+  // A mask's or filter's region in the element's coordinates; false when
+  // it is given in fractions of a box the element does not have.
+  static bool EffectArea(VYRPrtGraphicPrimitiveElt* i_pElt, const VYRPrtRegionAttributes& i_region,
+                         MM2D::UnitType i_units, VYR2DGRect& o_area);
+  // How many device pixels one unit of the current coordinates spans.
+  float DeviceScale();
   void EmitPath(const VYRHostPath& i_path);
   // The colour at an index of the current colour table (black when missing).
   void Colour(const Paint& i_paint, unsigned int i_index, float o_rgb[3]) const;
@@ -76,6 +90,8 @@ class VYRModelRenderer {
 
   VYR2DGDrawing& _drawing;
   std::map<std::string, VYRPrtGraphicPrimitiveElt*> _elementsByID;
+  // Markers, masks and patterns being drawn, which their own content may not use again.
+  std::set<const VYRPrtGraphicPrimitiveElt*> _inUse;
 };
 
 // Writes the image as a PNG file; false when it cannot.
