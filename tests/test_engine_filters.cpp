@@ -222,6 +222,7 @@ TEST_F(LayerFilters, EmptyOrNullContainersLeaveTheLayerPaintAlone) {
   s.drawing.SetLayerFilter(pContainer, 1.0f);
   VYRRasterImageFilter* pFilter = s.Context()._pLayerPaint->getImageFilter();
   ASSERT_NE(pFilter, nullptr);
+  EXPECT_EQ(pFilter->GetRefCount(), 1u);  // the builder kept nothing
   s.drawing.SetLayerFilter(Make<VYRPrtFilterContainerElt>(), 1.0f);
   EXPECT_EQ(s.Context()._pLayerPaint->getImageFilter(), pFilter);
   AssertionCapture capture;
