@@ -5,6 +5,8 @@
 #include <cstring>
 #include <memory>
 
+#include "VYRAssert.h"
+
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -21,6 +23,8 @@ namespace {
 constexpr float kBoxThreshold = 2.0f;
 // Box sizes up to this keep their running sums in 16 bits with exact rounding of uniform areas.
 constexpr int kMaxShortBox = 128;
+// The largest plane a blur pass works on.
+constexpr double kMaxPlanePixels = 64.0 * 1024 * 1024;
 
 // Pixels of a pass. Planes are reshaped rather than reallocated and never cleared as a whole:
 // fresh zeroed buffers of a large layer cost more than the box passes themselves.
@@ -244,6 +248,13 @@ VYRRasterImage VYRRasterBlurImageFilter::onFilterImage(Context& io_context) cons
                            src.bounds.bottom + reachY};
   if (src.isEmpty() || !outBounds.intersect(io_context.clip)) return VYRRasterImage{};
   const int srcWidth = src.bounds.width(), srcHeight = src.bounds.height();
+  // Deviations far beyond the layer would need planes padded by their whole reach.
+  const double planeX = double(srcHeight) * (srcWidth + 2.0 * reachX);
+  const double planeY = double(outBounds.width()) * (srcHeight + 2.0 * reachY);
+  if (!VYR_CHECK_CONDITION_TEXT(planeX <= kMaxPlanePixels && planeY <= kMaxPlanePixels,
+                                "blur planes within 64 megapixels")) {
+    return VYRRasterImage{};
+  }
 
   // Along x: the columns of the input, widened by the reach, blurred, then turned back into
   // rows of the output's columns, straight into the plane of the y pass.
