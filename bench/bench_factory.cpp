@@ -1,6 +1,7 @@
 // CreateElement against one heap allocation per element (new of the same
-// class), measured in the same run. Each iteration makes a batch of elements;
-// letting them go again (the factory's last release, or delete) is not timed.
+// class, default-initialised as the pool's elements are), measured in the
+// same run. Each iteration makes a batch of elements; letting them go again
+// (the factory's last release, or delete) is not timed.
 #include <benchmark/benchmark.h>
 
 #include <malloc.h>
