@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+
+#include "VYRRasterBitmap.h"
+#include "VYRRasterShader.h"
+
+// Colours from a premultiplied bitmap, pixel (i, j) covering the square (i, j)-(i + 1, j + 1)
+// of shader space, tiled beyond its edges by a mode per direction, sampled at the nearest pixel
+// or bilinearly between the four nearest pixel centres.
+class VYR_EXPORT VYRRasterBitmapShader : public VYRRasterShader {
+  VYR_DECLARE_CLASS(VYRRasterBitmapShader)
+ public:
+  enum Filter { kNearest_Filter, kBilinear_Filter };
+
+  // The bitmap's pixels belong to i_pPixelOwner (may be null when the caller keeps them alive
+  // for the shader's life otherwise); the shader holds a reference on it.
+  VYRRasterBitmapShader(const VYRRasterBitmap& i_bitmap, VYRBaseUnknown* i_pPixelOwner, TileMode i_tileX,
+                        TileMode i_tileY, Filter i_filter = kNearest_Filter);
+  ~VYRRasterBitmapShader() override;
+  VYRRasterBitmapShader(const VYRRasterBitmapShader&) = delete;
+  VYRRasterBitmapShader& operator=(const VYRRasterBitmapShader&) = delete;
+
+  bool setContext(const VYRRasterMatrix& i_totalMatrix, uint8_t i_paintAlpha) override;
+  void shadeRow(int x, int y, int count, uint32_t* o_premultiplied) override;
+
+  const VYRRasterBitmap& getBitmap() const { return _bitmap; }
+  Filter getFilter() const { return _filter; }
+  TileMode getTileX() const { return _tileX; }
+  TileMode getTileY() const { return _tileY; }
+
+ private:
+  void ShadeNearest_(int64_t u, int64_t v, int64_t du, int64_t dv, int count, uint32_t* o_pixels) const;
+  void ShadeBilinear_(int64_t u, int64_t v, int64_t du, int64_t dv, int count, uint32_t* o_pixels) const;
+  const uint32_t* Row_(int i_y) const;
+
+  VYRRasterBitmap _bitmap;
+  VYRBaseUnknown* _pPixelOwner;
+  TileMode _tileX, _tileY;
+  Filter _filter;
+  bool _drawsNothing = false;  // empty bitmap or singular matrix
+};
