@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <random>
 #include <vector>
 
 #include "VYRRasterBlendMode.h"
@@ -111,4 +112,43 @@ TEST(RasterBlend, DrawARGBFloodsTheClipInTheGivenMode) {
   EXPECT_EQ(pixels[1], 0xFF00FF00u);
   canvas->Release();
   device->Release();
+}
+
+// Source-over rows take a vectorised path; every row length (and so every tail)
+// must give what the per-channel formula gives: s' = s * cov / 255, then
+// s' + d * (255 - s'.alpha) / 255, each division rounded.
+TEST(RasterBlend, SourceOverRowsMatchThePerChannelFormula) {
+  auto div255 = [](int x) { x += 128; return (x + (x >> 8)) >> 8; };
+  auto channel = [](uint32_t c, int shift) { return int((c >> shift) & 0xFF); };
+  std::mt19937 random(7);
+  for (int count = 1; count <= 19; ++count) {
+    std::vector<uint32_t> src(count), dst(count), expected(count);
+    std::vector<uint8_t> coverage(count);
+    for (int i = 0; i < count; ++i) {
+      // Valid premultiplied pixels: every colour channel at most the alpha.
+      auto pixel = [&] {
+        int a = int(random() % 256);
+        uint32_t p = uint32_t(a) << 24;
+        for (int shift : {0, 8, 16}) p |= uint32_t(a ? random() % (a + 1) : 0) << shift;
+        return p;
+      };
+      src[i] = pixel();
+      dst[i] = pixel();
+      coverage[i] = i % 5 == 0 ? 0 : i % 5 == 1 ? 255 : uint8_t(random());
+      uint32_t scaled = 0;
+      for (int shift : {0, 8, 16, 24}) scaled |= uint32_t(div255(channel(src[i], shift) * coverage[i])) << shift;
+      const int k = 255 - int(scaled >> 24);
+      for (int shift : {0, 8, 16, 24})
+        expected[i] |= uint32_t(channel(scaled, shift) + div255(channel(dst[i], shift) * k)) << shift;
+    }
+    std::vector<uint32_t> withCoverage = dst, full = dst;
+    VYRRasterBlender::BlendRow(kSrcOver_VYRBlendMode, withCoverage.data(), src.data(), coverage.data(), count);
+    EXPECT_EQ(withCoverage, expected) << "row of " << count;
+    VYRRasterBlender::BlendRow(kSrcOver_VYRBlendMode, full.data(), src.data(), nullptr, count);
+    for (int i = 0; i < count; ++i) {
+      if (coverage[i] == 255) {
+        EXPECT_EQ(full[i], expected[i]) << "pixel " << i << " of " << count;
+      }
+    }
+  }
 }

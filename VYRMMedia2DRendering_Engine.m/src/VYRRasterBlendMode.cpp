@@ -4,6 +4,11 @@
 #include <array>
 #include <utility>
 #include <cmath>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 // Pixels are premultiplied 0xAARRGGBB. Channel helpers work on ints 0..255; the
 // Porter-Duff and simple separable modes stay in integers, the modes defined on
@@ -122,22 +127,32 @@ inline uint32_t NonSeparable(uint32_t s, uint32_t d, BlendFn blend) {
   return Pack(a, mix(R(s), R(d), bl.r), mix(G(s), G(d), bl.g), mix(B(s), B(d), bl.b));
 }
 
-inline uint32_t SrcOver(uint32_t s, uint32_t d) {
-  const int k = 255 - A(s);
-  if (k == 0) return s;
-  return Pack(A(s) + Div255(A(d) * k), R(s) + Div255(R(d) * k), G(s) + Div255(G(d) * k), B(s) + Div255(B(d) * k));
+// Two channels at once: a pair 0x00XX00YY times k (0..255), each channel divided by
+// 255 with Div255's rounding. Lanes are 16 bits wide and never carry into each other.
+inline uint32_t MulDiv255Pair(uint32_t pair, uint32_t k) {
+  uint32_t x = pair * k + 0x00800080u;
+  x += (x >> 8) & 0x00FF00FFu;
+  return (x >> 8) & 0x00FF00FFu;
 }
 
 // Scales every channel of a premultiplied pixel by k / 255.
-inline uint32_t Scale(uint32_t c, int k) { return Pack(Div255(A(c) * k), Div255(R(c) * k), Div255(G(c) * k), Div255(B(c) * k)); }
+inline uint32_t Scale(uint32_t c, int k) {
+  return MulDiv255Pair(c & 0x00FF00FFu, uint32_t(k)) | (MulDiv255Pair((c >> 8) & 0x00FF00FFu, uint32_t(k)) << 8);
+}
 
-// dst + (res - dst) * cov / 255 per channel.
+// Branch-free so that rows vectorise; for valid premultiplied pixels no channel carries.
+inline uint32_t SrcOver(uint32_t s, uint32_t d) { return s + Scale(d, 255 - A(s)); }
+
+// (res * cov + dst * (255 - cov)) / 255 per channel.
 inline uint32_t Lerp(uint32_t res, uint32_t dst, int cov) {
-  if (cov == 255) return res;
-  if (cov == 0) return dst;
-  const int k = 255 - cov;
-  return Pack(Div255(A(res) * cov + A(dst) * k), Div255(R(res) * cov + R(dst) * k), Div255(G(res) * cov + G(dst) * k),
-              Div255(B(res) * cov + B(dst) * k));
+  const uint32_t k = uint32_t(255 - cov), c = uint32_t(cov);
+  auto pair = [&](uint32_t r, uint32_t d) {
+    uint32_t x = r * c + d * k + 0x00800080u;
+    x += (x >> 8) & 0x00FF00FFu;
+    return (x >> 8) & 0x00FF00FFu;
+  };
+  return pair(res & 0x00FF00FFu, dst & 0x00FF00FFu) |
+         (pair((res >> 8) & 0x00FF00FFu, (dst >> 8) & 0x00FF00FFu) << 8);
 }
 
 template <VYRRasterBlendMode M>
@@ -239,19 +254,60 @@ void BlendRowT(uint32_t* io_dst, const uint32_t* i_src, const uint8_t* i_coverag
   }
 }
 
-// Source-over folds coverage into the source, which is exact enough and cheaper than a lerp.
+#if defined(__SSE2__)
+// x / 255 rounded in every 16-bit lane, the same rounding as Div255.
+inline __m128i Div255Lanes(__m128i x) {
+  x = _mm_add_epi16(x, _mm_set1_epi16(128));
+  return _mm_srli_epi16(_mm_add_epi16(x, _mm_srli_epi16(x, 8)), 8);
+}
+
+// Each pixel's alpha copied into its four 16-bit lanes (pixels are B, G, R, A in memory).
+inline __m128i AlphaLanes(__m128i pixels16) {
+  return _mm_shufflehi_epi16(_mm_shufflelo_epi16(pixels16, _MM_SHUFFLE(3, 3, 3, 3)), _MM_SHUFFLE(3, 3, 3, 3));
+}
+
+// Source-over of two pixels held in 16-bit lanes.
+inline __m128i SrcOverLanes(__m128i s, __m128i d) {
+  const __m128i k = _mm_sub_epi16(_mm_set1_epi16(255), AlphaLanes(s));
+  return _mm_add_epi16(s, Div255Lanes(_mm_mullo_epi16(d, k)));
+}
+#endif
+
+// Source-over folds coverage into the source: Scale(s, cov) then source-over, four
+// pixels at a time with SSE2; the results equal the scalar form bit for bit.
 template <>
 void BlendRowT<kSrcOver_VYRBlendMode>(uint32_t* io_dst, const uint32_t* i_src, const uint8_t* i_coverage,
                                        int i_count) {
-  if (i_coverage) {
-    for (int i = 0; i < i_count; ++i) {
-      const int cov = i_coverage[i];
-      if (cov == 0) continue;
-      io_dst[i] = SrcOver(cov == 255 ? i_src[i] : Scale(i_src[i], cov), io_dst[i]);
+  int i = 0;
+#if defined(__SSE2__)
+  const __m128i zero = _mm_setzero_si128();
+  for (; i + 4 <= i_count; i += 4) {
+    // Thin shapes leave long uncovered runs in their masks: skip them 16 pixels at a time.
+    if (i_coverage && i % 16 == 0 && i + 16 <= i_count &&
+        _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(i_coverage + i)), zero)) ==
+            0xFFFF) {
+      i += 12;
+      continue;
     }
-  } else {
-    for (int i = 0; i < i_count; ++i) io_dst[i] = SrcOver(i_src[i], io_dst[i]);
+    const __m128i s = _mm_loadu_si128(reinterpret_cast<const __m128i*>(i_src + i));
+    const __m128i d = _mm_loadu_si128(reinterpret_cast<const __m128i*>(io_dst + i));
+    __m128i sLo = _mm_unpacklo_epi8(s, zero), sHi = _mm_unpackhi_epi8(s, zero);
+    if (i_coverage) {
+      uint32_t four;
+      std::memcpy(&four, i_coverage + i, 4);
+      if (four == 0) continue;
+      __m128i c = _mm_cvtsi32_si128(static_cast<int>(four));
+      c = _mm_unpacklo_epi16(_mm_unpacklo_epi8(c, c), _mm_unpacklo_epi8(c, c));
+      sLo = Div255Lanes(_mm_mullo_epi16(sLo, _mm_unpacklo_epi8(c, zero)));
+      sHi = Div255Lanes(_mm_mullo_epi16(sHi, _mm_unpackhi_epi8(c, zero)));
+    }
+    const __m128i lo = SrcOverLanes(sLo, _mm_unpacklo_epi8(d, zero));
+    const __m128i hi = SrcOverLanes(sHi, _mm_unpackhi_epi8(d, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(io_dst + i), _mm_packus_epi16(lo, hi));
   }
+#endif
+  for (; i < i_count; ++i)
+    io_dst[i] = SrcOver(i_coverage ? Scale(i_src[i], i_coverage[i]) : i_src[i], io_dst[i]);
 }
 
 using RowFn = void (*)(uint32_t*, const uint32_t*, const uint8_t*, int);
