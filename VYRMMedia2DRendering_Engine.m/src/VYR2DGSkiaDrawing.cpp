@@ -819,7 +819,9 @@ void VYR2DGSkiaDrawing::FloodWithFillShader_() {
   VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
   paint.setAlpha(ChannelToByte(GetFillAlpha_()));
   paint.setShader(_pSkDrawingCtx->_pFillShader);
-  pCanvas->drawPaint(paint);
+  // Without a shader (a refused gradient or pattern) the flood would paint the paint's
+  // colour over everything: nothing is drawn instead.
+  if (_pSkDrawingCtx->_pFillShader != nullptr) pCanvas->drawPaint(paint);
 }
 
 void VYR2DGSkiaDrawing::FillWithGradient(const VYRPrintGradient* i_pGradient) {
