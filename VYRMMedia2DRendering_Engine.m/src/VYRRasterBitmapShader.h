@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "VYRRasterBitmap.h"
 #include "VYRRasterShader.h"
@@ -30,13 +31,10 @@ class VYR_EXPORT VYRRasterBitmapShader : public VYRRasterShader {
   TileMode getTileY() const { return _tileY; }
 
  private:
-  void ShadeNearest_(int64_t u, int64_t v, int64_t du, int64_t dv, int count, uint32_t* o_pixels) const;
-  void ShadeBilinear_(int64_t u, int64_t v, int64_t du, int64_t dv, int count, uint32_t* o_pixels) const;
-  const uint32_t* Row_(int i_y) const;
-
   VYRRasterBitmap _bitmap;
   VYRBaseUnknown* _pPixelOwner;
   TileMode _tileX, _tileY;
   Filter _filter;
   bool _drawsNothing = false;  // empty bitmap or singular matrix
+  std::vector<uint64_t> _mixedRow;  // scratch of the row-by-row bilinear path
 };
