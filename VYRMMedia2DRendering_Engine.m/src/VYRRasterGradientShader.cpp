@@ -10,16 +10,14 @@ VYR_IMPLEMENT_ABSTRACT_CLASS(VYRRasterGradientShader, VYRRasterShader, "Engine")
 
 namespace {
 
-int Channel(uint32_t i_color, int i_shift) { return static_cast<int>((i_color >> i_shift) & 0xFF); }
-
-// Straight colour between two stops, each channel rounded.
-uint32_t Mix(uint32_t i_from, uint32_t i_to, float i_weight) {
-  uint32_t out = 0;
-  for (int shift = 0; shift < 32; shift += 8) {
-    const float c = Channel(i_from, shift) + (Channel(i_to, shift) - Channel(i_from, shift)) * i_weight;
-    out |= static_cast<uint32_t>(std::clamp(static_cast<int>(c + 0.5f), 0, 255)) << shift;
-  }
-  return out;
+// Straight colour between two stops, by i_weight / 256, each channel rounded: the four
+// channels sit in 16-bit lanes of one 64-bit value, so one multiply weighs them all.
+uint32_t Mix(uint32_t i_from, uint32_t i_to, unsigned i_weight) {
+  constexpr uint64_t kLanes = 0x00FF00FF00FF00FFull;
+  const uint64_t from = (i_from | (uint64_t(i_from) << 24)) & kLanes;
+  const uint64_t to = (i_to | (uint64_t(i_to) << 24)) & kLanes;
+  const uint64_t mixed = ((from * (256 - i_weight) + to * i_weight + 0x0080008000800080ull) >> 8) & kLanes;
+  return static_cast<uint32_t>(mixed | (mixed >> 24));
 }
 
 }  // namespace
@@ -53,7 +51,8 @@ VYRRasterGradientShader::VYRRasterGradientShader(const uint32_t* i_colors, const
       color = i_colors[i_count - 1];
     } else {
       const float span = positions[stop] - positions[stop - 1];
-      color = span > 0 ? Mix(i_colors[stop - 1], i_colors[stop], (t - positions[stop - 1]) / span) : i_colors[stop];
+      const float weight = span > 0 ? (t - positions[stop - 1]) / span : 1.0f;
+      color = Mix(i_colors[stop - 1], i_colors[stop], static_cast<unsigned>(std::clamp(weight, 0.0f, 1.0f) * 256.0f + 0.5f));
     }
     _straight[entry] = color;
     _opaque = _opaque && (color >> 24) == 255;
@@ -62,6 +61,9 @@ VYRRasterGradientShader::VYRRasterGradientShader(const uint32_t* i_colors, const
 
 bool VYRRasterGradientShader::setContext(const VYRRasterMatrix& i_totalMatrix, uint8_t i_paintAlpha) {
   const bool invertible = VYRRasterShader::setContext(i_totalMatrix, i_paintAlpha);
+  // Draws in a row mostly share one alpha: the table stays as it is.
+  if (_tableAlpha == i_paintAlpha) return invertible;
+  _tableAlpha = i_paintAlpha;
   for (int i = 0; i < kTableSize; ++i) {
     uint32_t color = _straight[i];
     if (i_paintAlpha != 255) {
@@ -71,14 +73,6 @@ bool VYRRasterGradientShader::setContext(const VYRRasterMatrix& i_totalMatrix, u
     _table[i] = VYRRasterBlender::Premultiply(color);
   }
   return invertible;
-}
-
-int64_t VYRRasterGradientShader::ToFixed(double i_t) {
-  // Far beyond 0..1 every mode's answer is already decided by the low bits or the clamp; the
-  // limit keeps sums of many steps inside 64 bits.
-  constexpr double kLimit = 1.0e6;
-  if (!(i_t == i_t)) return 0;
-  return static_cast<int64_t>(std::clamp(i_t, -kLimit, kLimit) * 4294967296.0);
 }
 
 void VYRRasterGradientShader::ShadeLinearSpan(int64_t i_t0, int64_t i_dt, int i_count,

@@ -28,7 +28,13 @@ class VYR_EXPORT VYRRasterGradientShader : public VYRRasterShader {
   // The t values are fixed point with 32 fractional bits (so that stepping along a long row
   // stays within a table entry); Index folds one by the tile mode into a table index.
   static constexpr int64_t kFixedOne = int64_t(1) << 32;
-  static int64_t ToFixed(double i_t);
+  static int64_t ToFixed(double i_t) {
+    // Far beyond 0..1 every mode's answer is already decided by the low bits or the clamp;
+    // the limit keeps sums of many steps inside 64 bits (NaN becomes 0).
+    constexpr double kLimit = 1.0e6;
+    const double t = i_t > -kLimit ? (i_t < kLimit ? i_t : kLimit) : (i_t < kLimit ? -kLimit : 0.0);
+    return static_cast<int64_t>(t * 4294967296.0);
+  }
   int Index(int64_t i_t) const {
     switch (_tileMode) {
       case kRepeat_TileMode: return static_cast<int>((i_t & (kFixedOne - 1)) >> 24);
@@ -45,4 +51,5 @@ class VYR_EXPORT VYRRasterGradientShader : public VYRRasterShader {
   uint32_t _straight[kTableSize];  // straight colours along t
   TileMode _tileMode;
   bool _opaque = true;
+  int _tableAlpha = -1;  // the paint alpha _table was made for
 };
