@@ -10,6 +10,7 @@
 #include "VYRPrintGradientLinear.h"
 #include "VYRPrintGradientRadial.h"
 #include "VYRPrintGradientStop.h"
+#include "VYRRasterBitmapShader.h"
 #include "VYRRasterPaint.h"
 
 using Surface = EngineTestSurface;
@@ -269,19 +270,26 @@ TEST(DrawingPatterns, TileTakenFromTheMaskImage) {
   EXPECT_EQ(s.Pixel(9, 9), kRed);
 }
 
-TEST(DrawingPatterns, SubsetOutsideTheMaskChangesNothing) {
+TEST(DrawingPatterns, SubsetIsCutToTheMaskAndRefusedOutsideIt) {
   PaintSurface s(8, 8);
-  s.drawing.SetStrokeMode(eEdgeModeShader);
   AssertionCapture capture;
-  s.drawing.SetPattern(4, 4, 20, 20, ePatternRepeat, nullptr);
-  EXPECT_EQ(s.Context()._pFillShader, nullptr);
+  s.drawing.SetPattern(6, 6, 20, 20, ePatternRepeat, nullptr);
+  ASSERT_NE(s.Context()._pFillShader, nullptr);
+  EXPECT_EQ(static_cast<VYRRasterBitmapShader*>(s.Context()._pFillShader)->getBitmap().width(), 2);
+  s.drawing.SetPattern(nullptr, ePatternRepeat, nullptr);  // a refused image leaves the slot as it was
+  EXPECT_TRUE(capture.Has("i_pImage"));
+  capture.Clear();
+  s.drawing.SetStrokeMode(eEdgeModeShader);
+  s.drawing.SetPattern(8, 0, 20, 8, ePatternRepeat, nullptr);
+  EXPECT_NE(s.Context()._pFillShader, nullptr);
   EXPECT_EQ(s.Context()._pStrokeShader, nullptr);
   EXPECT_TRUE(capture.Reports().empty());
-  // The flags are cleared all the same.
+  // The flags are cleared all the same: the next pattern replaces the fill shader.
   VYRPixelImage* pTile = Image(1, 1, {0xFF0000FFu});
   s.drawing.SetPattern(pTile, ePatternRepeat, nullptr);
   pTile->Release();
-  EXPECT_NE(s.Context()._pFillShader, nullptr);
+  EXPECT_EQ(static_cast<VYRRasterBitmapShader*>(s.Context()._pFillShader)->getBitmap().width(), 1);
+  EXPECT_EQ(s.Context()._pStrokeShader, nullptr);
 }
 
 // ---- Bitmaps

@@ -856,10 +856,11 @@ void VYR2DGSkiaDrawing::SetPattern(int i_left, int i_top, int i_right, int i_bot
   const VYRRasterBitmap* pCanvasPattern = _pSkDrawingCtx->_pMaskBitmap;
   if (!VYR_CHECK_POINTER(pCanvasPattern)) return;
   // The tile shares the mask image's pixels, kept alive by its device.
+  // The part of the rectangle that lies on the image; none at all refuses the pattern.
   VYRRasterIRect subset = VYRRasterIRect::MakeLTRB(i_left, i_top, i_right, i_bottom);
-  const bool inside = !subset.isEmpty() && !pCanvasPattern->drawsNothing() &&
-                      VYRRasterIRect::MakeWH(pCanvasPattern->width(), pCanvasPattern->height()).contains(subset);
-  if (!inside) {
+  const bool extracted = !pCanvasPattern->drawsNothing() &&
+                         subset.intersect(VYRRasterIRect::MakeWH(pCanvasPattern->width(), pCanvasPattern->height()));
+  if (!extracted) {
     _strokeUsesShader = false;
     _fillUsesShader = false;
     return;
