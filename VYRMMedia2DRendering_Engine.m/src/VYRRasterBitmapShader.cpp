@@ -147,10 +147,11 @@ void ShadeBilinear(const Pixels& i_pixels, AxisX x, AxisY y, int i_count, uint32
 
 // Bilinear sampling along a device row that stays between the same two bitmap rows (no
 // rotation or skew): the rows are mixed once for each bitmap column in [i_firstColumn,
-// i_lastColumn], then each pixel only mixes two columns.
-template <class AxisX, class AxisY>
-void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisX x, AxisY y, int i_firstColumn, int i_lastColumn,
-                            int i_count, std::vector<uint64_t>& io_mixed, uint32_t* o_pixels) {
+// i_lastColumn], then each pixel mixes the two columns its step names.
+template <class AxisY, class ColumnStep>
+void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisY y, int i_firstColumn, int i_lastColumn,
+                            const ColumnStep* i_steps, int i_count, std::vector<uint64_t>& io_mixed,
+                            uint32_t* o_pixels) {
   int top, bottom;
   y.Pair(top, bottom);
   const unsigned wy = y.Weight();
@@ -159,10 +160,8 @@ void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisX x, AxisY y, int i_firs
   if (io_mixed.size() < size_t(i_lastColumn) + 1) io_mixed.resize(size_t(i_lastColumn) + 1);
   uint64_t* mixed = io_mixed.data();
   for (int c = i_firstColumn; c <= i_lastColumn; ++c) mixed[c] = Lerp(Expand(upperRow[c]), Expand(lowerRow[c]), wy);
-  for (int i = 0; i < i_count; ++i, x.Advance()) {
-    int left, right;
-    x.Pair(left, right);
-    o_pixels[i] = Pack(Lerp(mixed[left], mixed[right], x.Weight()));
+  for (int i = 0; i < i_count; ++i) {
+    o_pixels[i] = Pack(Lerp(mixed[i_steps[i].left], mixed[i_steps[i].right], i_steps[i].weight));
   }
 }
 
@@ -185,6 +184,7 @@ VYRRasterBitmapShader::~VYRRasterBitmapShader() {
 
 bool VYRRasterBitmapShader::setContext(const VYRRasterMatrix& i_totalMatrix, uint8_t i_paintAlpha) {
   const bool invertible = VYRRasterShader::setContext(i_totalMatrix, i_paintAlpha);
+  _stepsCount = -1;
   _drawsNothing = !invertible || _bitmap.drawsNothing() || _bitmap.config() != VYRRasterBitmap::kARGB_8888_Config;
   return invertible;
 }
@@ -221,7 +221,19 @@ void VYRRasterBitmapShader::shadeRow(int x, int y, int count, uint32_t* o_premul
   WithAxis(_tileX, u, du, _bitmap.width(), [&](auto i_axisX) {
     WithAxis(_tileY, v, dv, _bitmap.height(), [&](auto i_axisY) {
       if (bilinear && dv == 0 && m.getSkewX() == 0 && firstColumn >= 0) {
-        ShadeBilinearAlongRows(pixels, i_axisX, i_axisY, firstColumn, lastColumn, count, _mixedRow, o_premultiplied);
+        if (x != _stepsX || count != _stepsCount) {
+          _columnSteps.resize(size_t(count));
+          auto axisX = i_axisX;
+          for (ColumnStep& step : _columnSteps) {
+            axisX.Pair(step.left, step.right);
+            step.weight = axisX.Weight();
+            axisX.Advance();
+          }
+          _stepsX = x;
+          _stepsCount = count;
+        }
+        ShadeBilinearAlongRows(pixels, i_axisY, firstColumn, lastColumn, _columnSteps.data(), count, _mixedRow,
+                               o_premultiplied);
       } else if (bilinear) {
         ShadeBilinear(pixels, i_axisX, i_axisY, count, o_premultiplied);
       } else {

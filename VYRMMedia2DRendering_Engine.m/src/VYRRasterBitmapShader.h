@@ -36,5 +36,13 @@ class VYR_EXPORT VYRRasterBitmapShader : public VYRRasterShader {
   TileMode _tileX, _tileY;
   Filter _filter;
   bool _drawsNothing = false;  // empty bitmap or singular matrix
-  std::vector<uint64_t> _mixedRow;  // scratch of the row-by-row bilinear path
+  // The row-by-row bilinear path (the matrix only scales): each pixel's two bitmap columns and
+  // weight, the same for every row of a draw, and the two bitmap rows mixed per column.
+  struct ColumnStep {
+    int left, right;
+    unsigned weight;
+  };
+  std::vector<ColumnStep> _columnSteps;
+  int _stepsX = 0, _stepsCount = -1;  // the row the steps were made for (-1: none this draw)
+  std::vector<uint64_t> _mixedRow;
 };
