@@ -6,6 +6,7 @@ class VYR2DGDrawingContext;
 class VYR2DGSkiaDrawingContext;
 class VYRRasterCanvas;
 class VYRRasterBitmap;
+class VYRRasterPaint;
 class VYRRasterPath;
 class VYRRasterShader;
 struct VYRRasterRect;
@@ -22,10 +23,8 @@ struct VYR2DGShape;
 // small for them).
 //
 // Not available yet, reported as a failed condition and otherwise without
-// effect: text (DrawTextW, SetFont by name,
-// GetTextAdvanceWidth, SetSubpixelRendering, SetHinting) and layers
-// (SaveLayer, SetLayerAlpha, SetLayerBlendingMode, SetLayerMaskMode,
-// SetLayerFilter).
+// effect: text (DrawTextW, SetFont by name, GetTextAdvanceWidth,
+// SetSubpixelRendering, SetHinting).
 class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   VYR_DECLARE_CLASS(VYR2DGSkiaDrawing)
  public:
@@ -93,6 +92,8 @@ class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   void SetLayerAlpha(float i_alpha) override;
   void SetLayerBlendingMode(VYR2DGTransferMode i_mode) override;
   void SetLayerMaskMode(VYR2DGTransferMode i_mode) override;
+  // Builds the container's primitives into the next layer's filter; i_scale multiplies
+  // deviations and offsets. A container that yields no filter leaves the layer paint alone.
   void SetLayerFilter(VYRPrtFilterContainerElt* i_pFilterElt, float i_scale) override;
   void ApplyClip() override;
 
@@ -135,6 +136,8 @@ class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
  private:
   // The mask canvas while drawing the mask, else the main canvas.
   VYRRasterCanvas* Canvas_() const;
+  // The next layer's paint, reporting a missing context or paint.
+  VYRRasterPaint* LayerPaint_() const;
   // The clip path while building a clip, else the drawing path.
   VYRRasterPath* Path_() const;
   // The current path, reporting "pPath" (or a missing context) when there is none.

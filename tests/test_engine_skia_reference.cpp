@@ -24,6 +24,8 @@
 #include "VYRPrintGradientLinear.h"
 #include "VYRPrintGradientRadial.h"
 #include "VYRPrintGradientStop.h"
+#include "VYRPrtFilterContainerElt.h"
+#include "VYRPrtFilterGaussianBlurElt.h"
 
 namespace fs = std::filesystem;
 using nlohmann::json;
@@ -78,7 +80,7 @@ Limits LimitsOf(const fs::path& i_folder, const std::string& i_scene) {
 
 // Ops of drawing features this engine does not provide yet.
 const std::set<std::string>& UnavailableOps() {
-  static const std::set<std::string> ops{"font", "text", "saveLayer"};
+  static const std::set<std::string> ops{"font", "text"};
   return ops;
 }
 
@@ -134,6 +136,8 @@ class SceneReplayer {
       _drawing.SetFillRule(static_cast<VYRPrintFillRule>(i_op.at("rule").get<int>()));
     } else if (op == "save") {
       _drawing.Save(3);
+    } else if (op == "saveLayer") {
+      PlaySaveLayer(i_op);
     } else if (op == "restore") {
       _drawing.Restore(-1);
     } else if (op == "clipRect") {
@@ -152,6 +156,20 @@ class SceneReplayer {
   }
 
  private:
+  void PlaySaveLayer(const json& i_op) {
+    _drawing.SetLayerAlpha(Byte(i_op.value("alpha", json(255))));
+    _drawing.SetLayerBlendingMode(static_cast<VYR2DGTransferMode>(i_op.value("blend", 3)));
+    if (i_op.contains("blur")) {
+      VYRPrtFilterGaussianBlurElt blur;
+      blur.SetInput("SourceGraphic");
+      blur.SetStdDeviation(i_op.at("blur").get<double>(), i_op.at("blur").get<double>());
+      VYRPrtFilterContainerElt container;
+      container.AddChild(&blur);
+      _drawing.SetLayerFilter(&container, 1.0f);
+    }
+    _drawing.SaveLayer();
+  }
+
   bool PlayPathOp(const std::string& op, const json& i_op) {
     if (op == "moveTo") {
       _drawing.MoveTo(Point(i_op.at("p")));

@@ -1,6 +1,7 @@
 #include "VYRRasterPaint.h"
 
 #include "VYRRasterContours.h"
+#include "VYRRasterImageFilter.h"
 #include "VYRRasterStrokeOutline.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ void VYRRasterPaint::copyFrom(const VYRRasterPaint& i_other) {
   // References first, so that copying a paint onto one sharing its objects keeps them alive.
   VYRRasterShader* shader = i_other._pShader;
   VYRRasterPathEffect* effect = i_other._pPathEffect;
-  VYRBaseUnknown* filter = i_other._pImageFilter;
+  VYRRasterImageFilter* filter = i_other._pImageFilter;
   VYRBaseUnknown* typeface = i_other._pTypeface;
   Assign(_pShader, shader);
   Assign(_pPathEffect, effect);
@@ -56,7 +57,7 @@ void VYRRasterPaint::copyFrom(const VYRRasterPaint& i_other) {
 void VYRRasterPaint::releaseRefs() {
   Assign<VYRRasterShader>(_pShader, nullptr);
   Assign<VYRRasterPathEffect>(_pPathEffect, nullptr);
-  Assign<VYRBaseUnknown>(_pImageFilter, nullptr);
+  Assign<VYRRasterImageFilter>(_pImageFilter, nullptr);
   Assign<VYRBaseUnknown>(_pTypeface, nullptr);
 }
 
@@ -101,7 +102,7 @@ VYRRasterShader* VYRRasterPaint::setShader(VYRRasterShader* ipShader) { return A
 VYRRasterPathEffect* VYRRasterPaint::setPathEffect(VYRRasterPathEffect* ipEffect) {
   return Assign(_pPathEffect, ipEffect);
 }
-VYRBaseUnknown* VYRRasterPaint::setImageFilter(VYRBaseUnknown* ipFilter) { return Assign(_pImageFilter, ipFilter); }
+VYRRasterImageFilter* VYRRasterPaint::setImageFilter(VYRRasterImageFilter* ipFilter) { return Assign(_pImageFilter, ipFilter); }
 VYRBaseUnknown* VYRRasterPaint::setTypeface(VYRBaseUnknown* ipTypeface) { return Assign(_pTypeface, ipTypeface); }
 
 bool VYRRasterPaint::getFillPath(const VYRRasterPath& i_src, VYRRasterPath* o_dst, float i_resScale) const {
