@@ -5,18 +5,26 @@
 class VYR2DGDrawingContext;
 class VYR2DGSkiaDrawingContext;
 class VYRRasterCanvas;
+class VYRRasterBitmap;
 class VYRRasterPaint;
 class VYRRasterPath;
+class VYRRasterShader;
+struct VYRRasterRect;
 struct VYR2DGShape;
 
 // The drawing over a raster surface's context. The surface owns the context
 // and must outlive the drawing.
 //
+// Bitmaps are drawn at the fill colour's alpha, with the paint's transfer
+// mode: DrawBitmap one image pixel per user unit (nearest pixel),
+// DrawBitmapToRect scaled into the rectangle (bilinear), DrawNinePatchBitmap
+// with the corners unscaled, the edges stretched along their side and the
+// centre both ways (the corners shrink together when the destination is too
+// small for them).
+//
 // Not available yet, reported as a failed condition and otherwise without
-// effect: gradients and patterns (SetGradient, SetPattern, FillWithGradient,
-// FillWithPattern), bitmaps (DrawBitmap, DrawBitmapToRect,
-// DrawNinePatchBitmap), text (DrawTextW, SetFont by name,
-// GetTextAdvanceWidth, SetSubpixelRendering, SetHinting).
+// effect: text (DrawTextW, SetFont by name, GetTextAdvanceWidth,
+// SetSubpixelRendering, SetHinting).
 class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   VYR_DECLARE_CLASS(VYR2DGSkiaDrawing)
  public:
@@ -152,6 +160,19 @@ class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   // The outline of the paint's stroke of i_path.
   void StrokeOutline_(const VYRRasterPath& i_path, VYRRasterPath& o_outline);
   void ReportNotAvailable_(const char* i_operation) const;
+
+  // Gradients, patterns and bitmaps.
+  // The shader slot SetGradient and SetPattern write: the stroke shader
+  // while the stroke mode is 2 or 3, else the fill shader.
+  VYRRasterShader*& ShaderSlot_() const;
+  // Paints the whole clip with the fill shader at the fill alpha.
+  void FloodWithFillShader_();
+  // The common end of both SetPattern forms: a shader over the tile in the slot.
+  void InstallPattern_(const VYRRasterBitmap& i_tile, VYRBaseUnknown* i_pPixelOwner, VYR2DGPatternMode i_mode,
+                       const VYR3x3Matrix* i_pMatrix);
+  // Draws i_source (pixels of i_pPixelOwner) stretched over i_dest in user space.
+  void DrawBitmapRect_(const VYRRasterBitmap& i_source, VYRBaseUnknown* i_pPixelOwner, const VYRRasterRect& i_dest,
+                       bool i_bilinear);
 
   VYR2DGSkiaDrawingContext* _pSkDrawingCtx;
   bool _fillUsesShader;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstring>
 #include <new>
 #include <unordered_map>
 
@@ -29,6 +30,10 @@ struct VYRPrtEltArrayBase {
   unsigned int _blockSize;
   unsigned int _nextHint = 0;
   VYRPrtEltArrayBase* _pNextBlock = nullptr;
+  // Where a walk down the chain from this (first) block may start: every
+  // block before it has its hint at its end, and hints only move forward, so
+  // the walk would pass them all by anyway. Saves the walk over long chains.
+  VYRPrtEltArrayBase* _pWalkStart = this;
 };
 
 template <class K>
@@ -43,15 +48,19 @@ struct VYRPrtEltArray : VYRPrtEltArrayBase {
     return pBlock;
   }
 
+  // The elements go in reverse order of construction, as an array's would.
   ~VYRPrtEltArray() override {
-    delete[] _paElements;
+    if (_paElements) {
+      for (unsigned int i = _blockSize; i-- > 0;) _paElements[i].~K();
+      ::operator delete[](_paElements);
+    }
     delete[] _paFreeFlags;
   }
 
   // Takes the hinted slot, else the first free one of the block; moves on
   // down the chain (growing it) when this block has none left.
   K* Take() {
-    VYRPrtEltArray* pBlock = this;
+    auto* pBlock = static_cast<VYRPrtEltArray*>(_pWalkStart);
     while (pBlock) {
       unsigned int hint = pBlock->_nextHint;
       if (hint < pBlock->_blockSize) {
@@ -71,7 +80,9 @@ struct VYRPrtEltArray : VYRPrtEltArrayBase {
         }
       }
       if (!pBlock->_pNextBlock) pBlock->_pNextBlock = Make(NextBlockSize());
-      pBlock = static_cast<VYRPrtEltArray*>(pBlock->_pNextBlock);
+      auto* pNext = static_cast<VYRPrtEltArray*>(pBlock->_pNextBlock);
+      if (pBlock == _pWalkStart && hint >= pBlock->_blockSize && pNext) _pWalkStart = pNext;
+      pBlock = pNext;
     }
     return nullptr;
   }
@@ -82,14 +93,19 @@ struct VYRPrtEltArray : VYRPrtEltArrayBase {
  private:
   static unsigned int NextBlockSize();
 
+  // One allocation for the block's elements and one for its flags. Each
+  // element is built and marked as pooled in one pass over the block, while
+  // its memory is at hand.
   explicit VYRPrtEltArray(unsigned int i_blockSize) : VYRPrtEltArrayBase(i_blockSize) {
-    _paElements = new (std::nothrow) K[i_blockSize];
+    void* pStorage = ::operator new[](sizeof(K) * static_cast<size_t>(i_blockSize), std::nothrow);
     _paFreeFlags = new (std::nothrow) unsigned char[i_blockSize];
-    if (!_paElements || !_paFreeFlags) return;
-    for (unsigned int i = 0; i < i_blockSize; ++i) {
-      _paElements[i].MarkAsPooled();
-      _paFreeFlags[i] = 1;
+    if (!pStorage || !_paFreeFlags) {
+      ::operator delete[](pStorage);
+      return;
     }
+    std::memset(_paFreeFlags, 1, i_blockSize);
+    _paElements = static_cast<K*>(pStorage);
+    for (unsigned int i = 0; i < i_blockSize; ++i) (new (&_paElements[i]) K)->MarkAsPooled();
   }
 };
 
@@ -123,6 +139,11 @@ class VYR_EXPORT VYRPrtEltFactory : public VYRBaseUnknown {
   VYRPrtEltFactory() = default;
 
   std::unordered_map<const char*, VYRPrtEltArrayBase*> _pools;
+  // The pool found last: elements are mostly made in runs of one class, and
+  // this spares those runs the look-up. Entries are never removed or
+  // replaced while the factory lives, so the pair stays true.
+  const char* _pLastClassName = nullptr;
+  VYRPrtEltArrayBase* _pLastPool = nullptr;
   static VYRPrtEltFactory* s_pFactory;
   static unsigned int s_blockSize;
 };
@@ -134,9 +155,13 @@ unsigned int VYRPrtEltArray<K>::NextBlockSize() {
 
 template <class K>
 K* VYRPrtEltFactory::CreateElement(const char* i_className) {
-  auto it = _pools.find(i_className);
-  if (it == _pools.end()) it = _pools.emplace(i_className, VYRPrtEltArray<K>::Make(s_blockSize)).first;
-  VYRPrtEltArrayBase* pEltArray = it->second;
+  if (i_className != _pLastClassName || !_pLastPool) {
+    auto it = _pools.find(i_className);
+    if (it == _pools.end()) it = _pools.emplace(i_className, VYRPrtEltArray<K>::Make(s_blockSize)).first;
+    _pLastClassName = i_className;
+    _pLastPool = it->second;
+  }
+  VYRPrtEltArrayBase* pEltArray = _pLastPool;
   if (!pEltArray) {
     VYRReportNullPointer("pEltArray", "VYRPrtEltFactory.inl", 122);
     return nullptr;

@@ -97,6 +97,14 @@ TEST(RasterBlur, TheClipLimitsTheOutputAndBoxSizesFollowTheFormula) {
   EXPECT_EQ(even[2].left + even[2].right + 1, 7);
 }
 
+TEST(RasterBlur, DeviationsFarBeyondTheLayerReportAndGiveNothing) {
+  const VYRRasterImage square = Solid(VYRRasterIRect{0, 0, 10, 10}, 0xFF000000u);
+  VYRRasterBlurImageFilter blur(1.0e7f, 1.0e7f);
+  AssertionCapture capture;
+  EXPECT_TRUE(blur.filterImage(square, kWideClip).isEmpty());
+  EXPECT_TRUE(capture.Has("blur planes within 64 megapixels"));
+}
+
 TEST(RasterOffset, MovesByWholePixels) {
   const VYRRasterImage dot = Solid(VYRRasterIRect{2, 3, 4, 5}, 0xFFFF0000u);
   VYRRasterOffsetImageFilter offset(3.4f, -1.6f);
@@ -222,6 +230,7 @@ TEST_F(LayerFilters, EmptyOrNullContainersLeaveTheLayerPaintAlone) {
   s.drawing.SetLayerFilter(pContainer, 1.0f);
   VYRRasterImageFilter* pFilter = s.Context()._pLayerPaint->getImageFilter();
   ASSERT_NE(pFilter, nullptr);
+  EXPECT_EQ(pFilter->GetRefCount(), 1u);  // the builder kept nothing
   s.drawing.SetLayerFilter(Make<VYRPrtFilterContainerElt>(), 1.0f);
   EXPECT_EQ(s.Context()._pLayerPaint->getImageFilter(), pFilter);
   AssertionCapture capture;

@@ -153,6 +153,47 @@ TEST(Layers, SaveLayerFaultsReturnMinusOne) {
   EXPECT_FALSE(s.Canvas().isDrawingToLayer());
 }
 
+TEST(Layers, ClipsOfEachKindAndOperatorBoundTheComposite) {
+  struct Case {
+    const char* name;
+    VYR2DGClipOperator op;
+    bool path;
+    uint32_t rectOnly, both, squareOnly;  // what is left there once a source-mode empty layer restores
+  };
+  const Case cases[] = {
+      {"polygon intersect", eClipIntersect, false, kBlue, 0u, kBlue},
+      {"polygon difference", eClipDifference, false, 0u, kBlue, kBlue},
+      {"polygon union", eClipUnion, false, 0u, 0u, 0u},
+      {"path", eClipIntersect, true, kBlue, 0u, kBlue},
+  };
+  for (const Case& c : cases) {
+    LayerSurface s;
+    s.Flood(0, 0, 255);
+    s.drawing.Save(3);
+    s.drawing.SetCurrentClipRect(VYR2DGRect(0, 0, 20, 40), eClipIntersect);
+    if (c.path) {
+      s.drawing.SetBuildingClipPath(true);
+      s.Rect(10, 10, 20, 20);
+      s.drawing.ApplyClip();
+      s.drawing.SetBuildingClipPath(false);
+    } else {
+      VYR2DGDrawing::PointList square;
+      for (VYRMathPoint2Df p : {VYRMathPoint2Df(10, 10), VYRMathPoint2Df(30, 10), VYRMathPoint2Df(30, 30),
+                                VYRMathPoint2Df(10, 30)})
+        square.Append(p);
+      s.drawing.SetCurrentClipPolygon(square, c.op);
+    }
+    s.drawing.SetLayerBlendingMode(eTransferSource);
+    s.drawing.SaveLayer();
+    s.drawing.Restore(-1);
+    s.drawing.Restore(-1);
+    EXPECT_EQ(s.Pixel(5, 5), c.rectOnly) << c.name;
+    EXPECT_EQ(s.Pixel(15, 15), c.both) << c.name;
+    EXPECT_EQ(s.Pixel(25, 15), c.squareOnly) << c.name;
+    EXPECT_EQ(s.Pixel(35, 35), kBlue) << c.name;
+  }
+}
+
 // ---- Luminance masks
 
 TEST(LayerMasks, DestinationInKeepsTheDestinationByTheLayersLuminance) {

@@ -20,6 +20,10 @@
 #include "VYR3x3Matrix.h"
 #include "VYR2DGSkiaDrawing.h"
 #include "VYR2DGSkiaSupport.h"
+#include "VYRPixelImage.h"
+#include "VYRPrintGradientLinear.h"
+#include "VYRPrintGradientRadial.h"
+#include "VYRPrintGradientStop.h"
 #include "VYRPrtFilterContainerElt.h"
 #include "VYRPrtFilterGaussianBlurElt.h"
 
@@ -76,7 +80,7 @@ Limits LimitsOf(const fs::path& i_folder, const std::string& i_scene) {
 
 // Ops of drawing features this engine does not provide yet.
 const std::set<std::string>& UnavailableOps() {
-  static const std::set<std::string> ops{"linearGradient", "radialGradient", "pattern", "font", "text"};
+  static const std::set<std::string> ops{"font", "text"};
   return ops;
 }
 
@@ -146,7 +150,7 @@ class SceneReplayer {
       for (const json& pathOp : i_op.at("path")) Play(pathOp);
       _drawing.ApplyClip();
       _drawing.SetBuildingClipPath(false);
-    } else if (!PlayPathOp(op, i_op) && !PlayShape(op, i_op)) {
+    } else if (!PlayPathOp(op, i_op) && !PlayShape(op, i_op) && !PlayPaintServer(op, i_op)) {
       ADD_FAILURE() << "unknown op " << op;
     }
   }
@@ -191,6 +195,49 @@ class SceneReplayer {
     } else {
       return false;
     }
+    return true;
+  }
+
+  // Gradients and patterns: the stroke mode picks the slot they are written to.
+  bool PlayPaintServer(const std::string& op, const json& i_op) {
+    if (op != "linearGradient" && op != "radialGradient" && op != "pattern") return false;
+    const bool stroke = i_op.value("target", std::string("fill")) == "stroke";
+    _drawing.SetStrokeMode(static_cast<VYRPrintEdgeMode>(stroke ? 3 : 1));
+    if (op == "pattern") {
+      const json& tile = i_op.at("tile");
+      const int w = tile.at("w"), h = tile.at("h");
+      const std::string hex = tile.at("rgba");
+      VYRPixelImage* pImage = new VYRPixelImage(w, h, VYRPixelImageFormat_RGBA32);
+      unsigned char* pixels = pImage->GetPixelsToModify();
+      for (size_t i = 0; i + 1 < hex.size() && i / 2 < pImage->GetByteCount(); i += 2) {
+        pixels[i / 2] = static_cast<unsigned char>(std::stoi(hex.substr(i, 2), nullptr, 16));
+      }
+      const json m = i_op.value("matrix", json::array({1, 0, 0, 0, 1, 0}));
+      const VYR3x3Matrix matrix(m[0], m[1], m[2], m[3], m[4], m[5]);
+      _drawing.SetPattern(pImage, static_cast<VYR2DGPatternMode>(1), &matrix);
+      pImage->Release();
+      return true;
+    }
+    std::unique_ptr<VYRPrintGradient> gradient;
+    if (op == "linearGradient") {
+      auto* pLinear = new VYRPrintGradientLinear;
+      const VYRMathPoint2Df p1 = Point(i_op.at("p1")), p2 = Point(i_op.at("p2"));
+      pLinear->SetStartPoint(p1.x, p1.y);
+      pLinear->SetEndPoint(p2.x, p2.y);
+      gradient.reset(pLinear);
+    } else {
+      auto* pRadial = new VYRPrintGradientRadial;
+      const VYRMathPoint2Df c = Point(i_op.at("c")), f = Point(i_op.at("f"));
+      pRadial->SetCentre(c.x, c.y);
+      pRadial->SetFocus(f.x, f.y);
+      pRadial->SetRadius(i_op.at("r"));
+      gradient.reset(pRadial);
+    }
+    for (const json& stop : i_op.at("stops")) {
+      gradient->AddStop(new VYRPrintGradientStop(stop[0], stop[1].get<float>() / 255, stop[2].get<float>() / 255,
+                                                 stop[3].get<float>() / 255, stop[4].get<float>() / 255));
+    }
+    _drawing.SetGradient(gradient.get());
     return true;
   }
 

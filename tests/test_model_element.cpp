@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "AssertionCapture.h"
+#include "ElementRoundTrip.h"
 #include "StreamBytes.h"
 #include "TestPrinters.h"
 #include "VYR2DGStringStream.h"
@@ -12,6 +13,7 @@
 #include "VYRPrtGroupAttributes.h"
 #include "VYRPrtMarkerAttributes.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtPatternElt.h"
 #include "VYRPrtStreamUnstreamHelper.h"
 
 namespace element_test {
@@ -39,20 +41,6 @@ class ModelElement : public ::testing::Test {
 std::vector<uint8_t> Concat(std::vector<uint8_t> i_first, const std::vector<uint8_t>& i_second) {
   i_first.insert(i_first.end(), i_second.begin(), i_second.end());
   return i_first;
-}
-
-void ExpectSameCommonAttributes(const VYRPrtGraphicPrimitiveElt& i_a, const VYRPrtGraphicPrimitiveElt& i_b) {
-  EXPECT_EQ(i_a.GetVisibility(), i_b.GetVisibility());
-  EXPECT_EQ(i_a.GetID(), i_b.GetID());
-  EXPECT_EQ(i_a.GetDescription(), i_b.GetDescription());
-  EXPECT_EQ(i_a.GetTitle(), i_b.GetTitle());
-  EXPECT_EQ(i_a.GetSpaceHandling(), i_b.GetSpaceHandling());
-  EXPECT_TRUE(i_a.GetAdobeAttributes() == i_b.GetAdobeAttributes());
-  EXPECT_EQ(i_a.GetClipPathID(), i_b.GetClipPathID());
-  EXPECT_EQ(i_a.GetMaskID(), i_b.GetMaskID());
-  EXPECT_EQ(i_a.GetFilterID(), i_b.GetFilterID());
-  EXPECT_EQ(i_a.GetOpacity(), i_b.GetOpacity());
-  EXPECT_EQ(i_a.GetStreamVersion(), i_b.GetStreamVersion());
 }
 
 }  // namespace element_test
@@ -88,6 +76,13 @@ TEST_F(ModelElement, EveryCommonAttributeRoundTripsWithFreshReferences) {
   elt->SetDescription("desc");
   elt->SetTitle("title");
   elt->SetSpaceHandling("preserve");
+  VYRPrtTransformAttributes transform;
+  // Scale-X factors travel only as many as there are matrices: one of each.
+  transform.AddMatrix(VYRMath2x2Matrix(1.0, 0.5, 0.25, 2.0));
+  transform.AddScaleX(2.0);
+  transform.AddTranslation(VYRMathVector2D(3.0, -4.0));
+  transform.AddSkewY(0.25f);
+  elt->SetTransformAttributes(transform);
   VYRPrtAdobeAttributes adobe;
   adobe.SetBlendingMode(eTransferMultiply);
   adobe.SetOpacityShare(0.25);
@@ -99,6 +94,7 @@ TEST_F(ModelElement, EveryCommonAttributeRoundTripsWithFreshReferences) {
   elt->SetFilterID("blur");
   elt->SetFilter(filter);
   elt->SetFather(father);
+  elt->SetPattern(Make<VYRPrtPatternElt>());
   elt->SetOpacity(77);
   elt->SetStreamVersion(5);
 

@@ -31,5 +31,7 @@ unsigned int VYRPrtEltFactory::GetElementCount(const char* i_className) const {
 VYRPrtEltFactory::~VYRPrtEltFactory() {
   for (auto& entry : _pools) delete entry.second;
   _pools.clear();
+  _pLastClassName = nullptr;
+  _pLastPool = nullptr;
   if (s_pFactory == this) s_pFactory = nullptr;
 }

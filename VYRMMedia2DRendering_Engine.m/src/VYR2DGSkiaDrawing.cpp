@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include "VYR2DGLayerFilterBuilder.h"
 #include "VYR2DGSkiaDrawingContext.h"
@@ -15,6 +16,14 @@
 #include "VYRRasterImageFilter.h"
 #include "VYRRasterPaint.h"
 #include "VYRRasterPath.h"
+#include "VYR2DGPremultipliedImage.h"
+#include "VYRPixelImage.h"
+#include "VYRPrintGradientLinear.h"
+#include "VYRPrintGradientRadial.h"
+#include "VYRPrintGradientStop.h"
+#include "VYRRasterBitmapShader.h"
+#include "VYRRasterLinearGradient.h"
+#include "VYRRasterRadialGradient.h"
 
 VYR_IMPLEMENT_ABSTRACT_CLASS(VYR2DGSkiaDrawing, VYR2DGDrawing, "VYRMMedia2DRendering_Engine")
 
@@ -138,6 +147,79 @@ unsigned ChannelToByte(float i_channel) {
   if (!(scaled > -2147483648.0f && scaled < 2147483648.0f)) return 255u;
   const auto truncated = static_cast<unsigned>(static_cast<int>(scaled));
   return std::min(truncated, 255u);
+}
+
+VYRRasterShader::TileMode GradientTileMode(int i_spread) {
+  switch (i_spread) {
+    case VYRPrintGradientSpreadReflect: return VYRRasterShader::kMirror_TileMode;
+    case VYRPrintGradientSpreadRepeat: return VYRRasterShader::kRepeat_TileMode;
+    default: return VYRRasterShader::kClamp_TileMode;
+  }
+}
+
+VYRRasterShader::TileMode PatternTileMode(VYR2DGPatternMode i_mode) {
+  switch (static_cast<int>(i_mode)) {
+    case ePatternClamp: return VYRRasterShader::kClamp_TileMode;
+    case ePatternMirror: return VYRRasterShader::kMirror_TileMode;
+    default: return VYRRasterShader::kRepeat_TileMode;
+  }
+}
+
+// The shader of a gradient record with at least one stop (a reference for the caller), or
+// null for a record of another kind. Stops are read up to the first null one; their colours
+// load as paint colours do (a negative channel becomes 255).
+VYRRasterShader* CreateGradientShader(const VYRPrintGradient& i_gradient) {
+  const int stopCount = i_gradient.GetStopCount();
+  std::vector<uint32_t> colorArray(stopCount);
+  std::vector<float> offsetArray(stopCount);
+  int count = 0;
+  for (; count < stopCount; ++count) {
+    const VYRPrintGradientStop* pStop = i_gradient.GetStop(count);
+    if (pStop == nullptr) break;
+    colorArray[count] = (ChannelToByte(pStop->GetAlpha()) << 24) | (ChannelToByte(pStop->GetRed()) << 16) |
+                        (ChannelToByte(pStop->GetGreen()) << 8) | ChannelToByte(pStop->GetBlue());
+    offsetArray[count] = pStop->GetOffset();
+  }
+  const VYRRasterShader::TileMode tileMode = GradientTileMode(i_gradient.GetSpread());
+  if (i_gradient.IsAKindOf(VYRPrintGradientLinear::ClassName()) == 1) {
+    const auto& linear = static_cast<const VYRPrintGradientLinear&>(i_gradient);
+    VYRMathPoint2Df start, end;
+    linear.GetStartPoint(start.x, start.y);
+    linear.GetEndPoint(end.x, end.y);
+    return new VYRRasterLinearGradient(start, end, colorArray.data(), offsetArray.data(), count, tileMode);
+  }
+  if (i_gradient.IsAKindOf(VYRPrintGradientRadial::ClassName()) == 1) {
+    const auto& radial = static_cast<const VYRPrintGradientRadial&>(i_gradient);
+    VYRMathPoint2Df centre, focus;
+    radial.GetCentre(centre.x, centre.y);
+    radial.GetFocus(focus.x, focus.y);
+    const float r = radial.GetRadius();
+    const float d = std::hypot(focus.x - centre.x, focus.y - centre.y);
+    if (r < d) {
+      // A focus outside the circle moves back to just outside its edge (0.1 beyond d keeps
+      // it outside rather than on it).
+      const float k = r / (d - 0.1f);
+      focus = VYRMathPoint2Df(centre.x + (focus.x - centre.x) * k, centre.y + (focus.y - centre.y) * k);
+    }
+    return new VYRRasterRadialGradient(focus, centre, r, colorArray.data(), offsetArray.data(), count, tileMode);
+  }
+  return nullptr;
+}
+
+// The record's matrix, given in rows (x' = m00 x + m01 y + m02, y' = m10 x + m11 y + m12).
+VYRRasterMatrix GradientMatrix(const VYRMath3x3Matrix& i_matrix) {
+  return VYRRasterMatrix::MakeAll(
+      static_cast<float>(i_matrix.Get(0, 0)), static_cast<float>(i_matrix.Get(0, 1)),
+      static_cast<float>(i_matrix.Get(0, 2)), static_cast<float>(i_matrix.Get(1, 0)),
+      static_cast<float>(i_matrix.Get(1, 1)), static_cast<float>(i_matrix.Get(1, 2)));
+}
+
+// A view of part of a bitmap's pixels (the rectangle must lie inside it).
+VYRRasterBitmap SubsetOf(const VYRRasterBitmap& i_bitmap, const VYRRasterIRect& i_rect) {
+  VYRRasterBitmap subset;
+  subset.setConfig(i_rect.width(), i_rect.height(), i_bitmap.rowBytes());
+  subset.setPixels(i_bitmap.getAddr32(i_rect.left, i_rect.top));
+  return subset;
 }
 
 }  // namespace
@@ -722,27 +804,8 @@ void VYR2DGSkiaDrawing::SetFont(VYRFont* i_pFont) {
   _pSkDrawingCtx->_pTypeface = nullptr;
 }
 
-// ---- Not available yet: gradients, patterns, bitmaps and text.
+// ---- Not available yet: text.
 
-void VYR2DGSkiaDrawing::SetGradient(const VYRPrintGradient*) { ReportNotAvailable_("SetGradient"); }
-void VYR2DGSkiaDrawing::FillWithGradient(const VYRPrintGradient*) { ReportNotAvailable_("FillWithGradient"); }
-void VYR2DGSkiaDrawing::FillWithGradient() { ReportNotAvailable_("FillWithGradient"); }
-void VYR2DGSkiaDrawing::SetPattern(int, int, int, int, VYR2DGPatternMode, const VYR3x3Matrix*) {
-  ReportNotAvailable_("SetPattern");
-}
-void VYR2DGSkiaDrawing::SetPattern(const VYRPixelImage*, VYR2DGPatternMode, const VYR3x3Matrix*) {
-  ReportNotAvailable_("SetPattern");
-}
-void VYR2DGSkiaDrawing::FillWithPattern(const VYRPixelImage*, VYR2DGPatternMode, const VYR3x3Matrix*) {
-  ReportNotAvailable_("FillWithPattern");
-}
-void VYR2DGSkiaDrawing::DrawBitmap(const VYRMathPoint2Df&, const VYRPixelImage*) { ReportNotAvailable_("DrawBitmap"); }
-void VYR2DGSkiaDrawing::DrawBitmapToRect(const VYR2DGRect&, const VYRPixelImage*) {
-  ReportNotAvailable_("DrawBitmapToRect");
-}
-void VYR2DGSkiaDrawing::DrawNinePatchBitmap(const VYR2DGRect&, const VYR2DGRect&, const VYRPixelImage*) {
-  ReportNotAvailable_("DrawNinePatchBitmap");
-}
 void VYR2DGSkiaDrawing::DrawTextW(const VYRMathPoint2Df&, const VYRUnicodeString&, bool) {
   ReportNotAvailable_("DrawTextW");
 }
@@ -754,3 +817,215 @@ int VYR2DGSkiaDrawing::GetTextAdvanceWidth(const VYRUnicodeString&) const {
 void VYR2DGSkiaDrawing::SetSubpixelRendering(bool) { ReportNotAvailable_("SetSubpixelRendering"); }
 void VYR2DGSkiaDrawing::SetHinting(VYR2DGTextHinting) { ReportNotAvailable_("SetHinting"); }
 
+// ---- Gradients and patterns
+
+VYRRasterShader*& VYR2DGSkiaDrawing::ShaderSlot_() const {
+  return _strokeUsesShader ? _pSkDrawingCtx->_pStrokeShader : _pSkDrawingCtx->_pFillShader;
+}
+
+void VYR2DGSkiaDrawing::SetGradient(const VYRPrintGradient* i_pGradient) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
+  VYRRasterShader*& slot = ShaderSlot_();
+  if (i_pGradient == nullptr || i_pGradient->GetStopCount() == 0) {
+    // The shader leaves the paint but stays in its slot, for a later ApplyFillMode to use.
+    if (slot != nullptr) paint.setShader(nullptr);
+    return;
+  }
+  if (slot != nullptr) {
+    paint.setShader(nullptr);
+    slot->Release();
+    slot = nullptr;
+  }
+  VYRRasterShader* pShader = CreateGradientShader(*i_pGradient);
+  if (pShader != nullptr) {
+    // A gradient transform maps gradient space straight to device pixels, whatever the
+    // current transform; without one the gradient lives in the user space of each draw.
+    const VYRRasterMatrix transform = GradientMatrix(i_pGradient->GetTransform());
+    VYRRasterMatrix local;
+    if (!transform.isIdentity()) {
+      VYRRasterCanvas* pCanvas = Canvas_();
+      if (VYR_CHECK_POINTER(pCanvas)) {
+        VYRRasterMatrix inverse;
+        const VYRRasterMatrix& total = pCanvas->getTotalMatrix();
+        if (!total.isIdentity()) total.invert(&inverse);
+        local.setConcat(inverse, transform);
+      }
+    }
+    pShader->setLocalMatrix(local);
+    slot = pShader;
+  }
+  _strokeUsesShader = false;
+  _fillUsesShader = false;
+}
+
+void VYR2DGSkiaDrawing::FloodWithFillShader_() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return;
+  VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
+  paint.setAlpha(ChannelToByte(GetFillAlpha_()));
+  paint.setShader(_pSkDrawingCtx->_pFillShader);
+  // Without a shader (a refused gradient or pattern) the flood would paint the paint's
+  // colour over everything: nothing is drawn instead.
+  if (_pSkDrawingCtx->_pFillShader != nullptr) pCanvas->drawPaint(paint);
+}
+
+void VYR2DGSkiaDrawing::FillWithGradient(const VYRPrintGradient* i_pGradient) {
+  SetFillMode(eFillModeGradient);
+  SetGradient(i_pGradient);
+  FillWithGradient();
+}
+
+void VYR2DGSkiaDrawing::FillWithGradient() { FloodWithFillShader_(); }
+
+void VYR2DGSkiaDrawing::InstallPattern_(const VYRRasterBitmap& i_tile, VYRBaseUnknown* i_pPixelOwner,
+                                        VYR2DGPatternMode i_mode, const VYR3x3Matrix* i_pMatrix) {
+  VYRRasterShader*& slot = ShaderSlot_();
+  if (slot != nullptr) {
+    _pSkDrawingCtx->_pPaint->setShader(nullptr);
+    slot->Release();
+    slot = nullptr;
+  }
+  const VYRRasterShader::TileMode tileMode = PatternTileMode(i_mode);
+  // Patterns are sampled at the nearest pixel, in the user space of each draw.
+  slot = new VYRRasterBitmapShader(i_tile, i_pPixelOwner, tileMode, tileMode);
+  if (i_pMatrix != nullptr) slot->setLocalMatrix(ToRasterMatrix(*i_pMatrix));
+  _strokeUsesShader = false;
+  _fillUsesShader = false;
+}
+
+void VYR2DGSkiaDrawing::SetPattern(int i_left, int i_top, int i_right, int i_bottom, VYR2DGPatternMode i_mode,
+                                   const VYR3x3Matrix* i_pMatrix) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  const VYRRasterBitmap* pCanvasPattern = _pSkDrawingCtx->_pMaskBitmap;
+  if (!VYR_CHECK_POINTER(pCanvasPattern)) return;
+  // The tile shares the mask image's pixels, kept alive by its device.
+  // The part of the rectangle that lies on the image; none at all refuses the pattern.
+  VYRRasterIRect subset = VYRRasterIRect::MakeLTRB(i_left, i_top, i_right, i_bottom);
+  const bool extracted = !pCanvasPattern->drawsNothing() &&
+                         subset.intersect(VYRRasterIRect::MakeWH(pCanvasPattern->width(), pCanvasPattern->height()));
+  if (!extracted) {
+    _strokeUsesShader = false;
+    _fillUsesShader = false;
+    return;
+  }
+  InstallPattern_(SubsetOf(*pCanvasPattern, subset), _pSkDrawingCtx->_pMaskDevice, i_mode, i_pMatrix);
+}
+
+void VYR2DGSkiaDrawing::SetPattern(const VYRPixelImage* i_pImage, VYR2DGPatternMode i_mode,
+                                   const VYR3x3Matrix* i_pMatrix) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  // The pattern keeps its own copy: the caller may change or free the image afterwards.
+  const VYR2DGPremultipliedImage tile(i_pImage, VYR2DGPremultipliedImage::eOwnCopy);
+  if (!tile.IsValid()) {
+    _strokeUsesShader = false;
+    _fillUsesShader = false;
+    return;
+  }
+  InstallPattern_(tile.Bitmap(), tile.PixelOwner(), i_mode, i_pMatrix);
+}
+
+void VYR2DGSkiaDrawing::FillWithPattern(const VYRPixelImage* i_pImage, VYR2DGPatternMode i_mode,
+                                        const VYR3x3Matrix* i_pMatrix) {
+  SetFillMode(eFillModePattern);
+  SetPattern(i_pImage, i_mode, i_pMatrix);
+  FloodWithFillShader_();
+}
+
+// ---- Bitmaps
+
+void VYR2DGSkiaDrawing::DrawBitmapRect_(const VYRRasterBitmap& i_source, VYRBaseUnknown* i_pPixelOwner,
+                                        const VYRRasterRect& i_dest, bool i_bilinear) {
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas) || i_source.drawsNothing() || i_dest.isEmpty()) return;
+  VYRRasterBitmapShader* pShader = new VYRRasterBitmapShader(
+      i_source, i_pPixelOwner, VYRRasterShader::kClamp_TileMode, VYRRasterShader::kClamp_TileMode,
+      i_bilinear ? VYRRasterBitmapShader::kBilinear_Filter : VYRRasterBitmapShader::kNearest_Filter);
+  VYRRasterMatrix local = VYRRasterMatrix::MakeTranslate(i_dest.left, i_dest.top);
+  local.preScale(i_dest.width() / i_source.width(), i_dest.height() / i_source.height());
+  pShader->setLocalMatrix(local);
+  // The paint's transfer mode and anti-aliasing, the fill alpha, no dashes.
+  VYRRasterPaint paint = *_pSkDrawingCtx->_pPaint;
+  paint.setStyle(VYRRasterPaint::kFill_Style);
+  paint.setPathEffect(nullptr);
+  paint.setAlpha(ChannelToByte(GetFillAlpha_()));
+  paint.setShader(pShader);
+  pShader->Release();
+  pCanvas->drawRect(i_dest, paint);
+}
+
+void VYR2DGSkiaDrawing::DrawBitmap(const VYRMathPoint2Df& i_origin, const VYRPixelImage* i_pImage) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  const VYR2DGPremultipliedImage image(i_pImage, VYR2DGPremultipliedImage::eMayShare);
+  if (!image.IsValid()) return;
+  const VYRRasterBitmap& bitmap = image.Bitmap();
+  DrawBitmapRect_(bitmap, image.PixelOwner(),
+                  VYRRasterRect::MakeXYWH(i_origin.x, i_origin.y, static_cast<float>(bitmap.width()),
+                                          static_cast<float>(bitmap.height())),
+                  false);
+}
+
+void VYR2DGSkiaDrawing::DrawBitmapToRect(const VYR2DGRect& i_rect, const VYRPixelImage* i_pImage) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  const VYR2DGPremultipliedImage image(i_pImage, VYR2DGPremultipliedImage::eMayShare);
+  if (!image.IsValid()) return;
+  DrawBitmapRect_(image.Bitmap(), image.PixelOwner(), ToRasterRect(i_rect), true);
+}
+
+void VYR2DGSkiaDrawing::DrawNinePatchBitmap(const VYR2DGRect& i_dest, const VYR2DGRect& i_centre,
+                                            const VYRPixelImage* i_pImage) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
+    return;
+  }
+  const VYR2DGPremultipliedImage image(i_pImage, VYR2DGPremultipliedImage::eMayShare);
+  if (!image.IsValid()) return;
+  const VYRRasterBitmap& bitmap = image.Bitmap();
+  // Source cuts: the centre rectangle's sides, rounded to pixels and kept inside the image.
+  auto cut = [](float i_value, int i_size) {
+    return std::isfinite(i_value) ? std::clamp(static_cast<int>(std::lround(i_value)), 0, i_size) : 0;
+  };
+  const int sx[4] = {0, cut(i_centre.x, bitmap.width()),
+                     std::max(cut(i_centre.x, bitmap.width()), cut(i_centre.x + i_centre.width, bitmap.width())),
+                     bitmap.width()};
+  const int sy[4] = {0, cut(i_centre.y, bitmap.height()),
+                     std::max(cut(i_centre.y, bitmap.height()), cut(i_centre.y + i_centre.height, bitmap.height())),
+                     bitmap.height()};
+  // Destination cuts: corners at their own size, shrunk together when they do not fit.
+  auto destCuts = [](float i_start, float i_length, const int* i_source, float* o_cuts) {
+    float before = static_cast<float>(i_source[1] - i_source[0]), after = static_cast<float>(i_source[3] - i_source[2]);
+    if (before + after > i_length && before + after > 0) {
+      const float k = std::max(i_length, 0.0f) / (before + after);
+      before *= k;
+      after *= k;
+    }
+    o_cuts[0] = i_start;
+    o_cuts[1] = i_start + before;
+    o_cuts[2] = i_start + i_length - after;
+    o_cuts[3] = i_start + i_length;
+  };
+  float dx[4], dy[4];
+  destCuts(i_dest.x, i_dest.width, sx, dx);
+  destCuts(i_dest.y, i_dest.height, sy, dy);
+  for (int row = 0; row < 3; ++row) {
+    for (int column = 0; column < 3; ++column) {
+      const VYRRasterIRect source = VYRRasterIRect::MakeLTRB(sx[column], sy[row], sx[column + 1], sy[row + 1]);
+      if (source.isEmpty()) continue;
+      // Each piece samples only its own pixels, so stretched edges take nothing from their neighbours.
+      DrawBitmapRect_(SubsetOf(bitmap, source), image.PixelOwner(),
+                      VYRRasterRect::MakeLTRB(dx[column], dy[row], dx[column + 1], dy[row + 1]), true);
+    }
+  }
+}

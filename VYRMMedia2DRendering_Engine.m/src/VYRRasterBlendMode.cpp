@@ -290,12 +290,18 @@ void BlendRowT<kSrcOver_VYRBlendMode>(uint32_t* io_dst, const uint32_t* i_src, c
       continue;
     }
     const __m128i s = _mm_loadu_si128(reinterpret_cast<const __m128i*>(i_src + i));
+    uint32_t four = 0xFFFFFFFFu;
+    if (i_coverage) std::memcpy(&four, i_coverage + i, 4);
+    if (four == 0) continue;
+    // Four opaque, fully covered source pixels simply replace the destination.
+    const __m128i alphaMask = _mm_set1_epi32(static_cast<int>(0xFF000000u));
+    if (four == 0xFFFFFFFFu && _mm_movemask_epi8(_mm_cmpeq_epi32(_mm_and_si128(s, alphaMask), alphaMask)) == 0xFFFF) {
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(io_dst + i), s);
+      continue;
+    }
     const __m128i d = _mm_loadu_si128(reinterpret_cast<const __m128i*>(io_dst + i));
     __m128i sLo = _mm_unpacklo_epi8(s, zero), sHi = _mm_unpackhi_epi8(s, zero);
-    if (i_coverage) {
-      uint32_t four;
-      std::memcpy(&four, i_coverage + i, 4);
-      if (four == 0) continue;
+    if (four != 0xFFFFFFFFu) {
       __m128i c = _mm_cvtsi32_si128(static_cast<int>(four));
       c = _mm_unpacklo_epi16(_mm_unpacklo_epi8(c, c), _mm_unpacklo_epi8(c, c));
       sLo = Div255Lanes(_mm_mullo_epi16(sLo, _mm_unpacklo_epi8(c, zero)));

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <memory>
+
+#include "VYRAssert.h"
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -20,18 +23,32 @@ namespace {
 constexpr float kBoxThreshold = 2.0f;
 // Box sizes up to this keep their running sums in 16 bits with exact rounding of uniform areas.
 constexpr int kMaxShortBox = 128;
+// The largest plane a blur pass works on.
+constexpr double kMaxPlanePixels = 64.0 * 1024 * 1024;
 
+// Pixels of a pass. Planes are reshaped rather than reallocated and never cleared as a whole:
+// fresh zeroed buffers of a large layer cost more than the box passes themselves.
 struct Plane {
   int width = 0;
   int height = 0;
-  std::vector<uint32_t> px;
+  std::unique_ptr<uint32_t[]> storage;
+  size_t capacity = 0;
 
+  // Reshapes to i_width x i_height; the content is left undefined.
   void allocate(int i_width, int i_height) {
     width = i_width;
     height = i_height;
-    px.assign(static_cast<size_t>(width) * static_cast<size_t>(height), 0u);
+    const size_t size = static_cast<size_t>(width) * static_cast<size_t>(height);
+    if (size > capacity) {
+      storage.reset(new uint32_t[size]);
+      capacity = size;
+    }
   }
-  uint32_t* row(int y) { return px.data() + static_cast<size_t>(y) * width; }
+  uint32_t* row(int y) { return storage.get() + static_cast<size_t>(y) * width; }
+  const uint32_t* row(int y) const { return storage.get() + static_cast<size_t>(y) * width; }
+  void clearRows(int i_from, int i_to) {
+    if (i_to > i_from) std::memset(row(i_from), 0, sizeof(uint32_t) * static_cast<size_t>(i_to - i_from) * width);
+  }
 };
 
 // Rows of a plane, with a row of zeros above and below it.
@@ -103,7 +120,7 @@ void LongBoxRow(uint32_t* io_sums, const uint32_t* i_entering, const uint32_t* i
 void BoxColumns(const Plane& i_src, Plane& o_dst, VYRRasterBlurImageFilter::Box i_box) {
   const int width = i_src.width, height = i_src.height;
   const int size = i_box.left + i_box.right + 1;
-  const RowSource rows(i_src.px.data(), width, height);
+  const RowSource rows(i_src.row(0), width, height);
   o_dst.allocate(width, height);
   if (size <= kMaxShortBox) {
     std::vector<uint16_t> sums(static_cast<size_t>(width) * 4, 0);
@@ -145,7 +162,7 @@ void KernelColumns(const Plane& i_src, Plane& o_dst, float i_sigma) {
   int radius = 0;
   const std::vector<uint32_t> weights = GaussianWeights(i_sigma, &radius);
   const int width = i_src.width, height = i_src.height;
-  const RowSource rows(i_src.px.data(), width, height);
+  const RowSource rows(i_src.row(0), width, height);
   o_dst.allocate(width, height);
   std::vector<uint32_t> acc(static_cast<size_t>(width) * 4);
   for (int y = 0; y < height; ++y) {
@@ -171,17 +188,16 @@ void KernelColumns(const Plane& i_src, Plane& o_dst, float i_sigma) {
   }
 }
 
-// Blurs the plane down its columns.
-void BlurColumns(Plane& io_plane, float i_sigma) {
-  Plane scratch;
+// Blurs the plane down its columns, using io_scratch as the other buffer of each pass.
+void BlurColumns(Plane& io_plane, Plane& io_scratch, float i_sigma) {
   if (i_sigma < kBoxThreshold) {
-    KernelColumns(io_plane, scratch, i_sigma);
-    std::swap(io_plane, scratch);
+    KernelColumns(io_plane, io_scratch, i_sigma);
+    std::swap(io_plane, io_scratch);
     return;
   }
   for (const VYRRasterBlurImageFilter::Box& box : VYRRasterBlurImageFilter::BoxesFor(i_sigma)) {
-    BoxColumns(io_plane, scratch, box);
-    std::swap(io_plane, scratch);
+    BoxColumns(io_plane, io_scratch, box);
+    std::swap(io_plane, io_scratch);
   }
 }
 
@@ -232,35 +248,42 @@ VYRRasterImage VYRRasterBlurImageFilter::onFilterImage(Context& io_context) cons
                            src.bounds.bottom + reachY};
   if (src.isEmpty() || !outBounds.intersect(io_context.clip)) return VYRRasterImage{};
   const int srcWidth = src.bounds.width(), srcHeight = src.bounds.height();
+  // Deviations far beyond the layer would need planes padded by their whole reach.
+  const double planeX = double(srcHeight) * (srcWidth + 2.0 * reachX);
+  const double planeY = double(outBounds.width()) * (srcHeight + 2.0 * reachY);
+  if (!VYR_CHECK_CONDITION_TEXT(planeX <= kMaxPlanePixels && planeY <= kMaxPlanePixels,
+                                "blur planes within 64 megapixels")) {
+    return VYRRasterImage{};
+  }
 
-  // Along x: the rows of the input, widened by the reach, then cut to the output's columns.
-  Plane rows;
-  rows.allocate(outBounds.width(), srcHeight);
+  // Along x: the columns of the input, widened by the reach, blurred, then turned back into
+  // rows of the output's columns, straight into the plane of the y pass.
   const int firstColumn = outBounds.left - (src.bounds.left - reachX);
+  const int firstRow = outBounds.top - (src.bounds.top - reachY);
+  // The planes stay with the thread between blurs: fresh pages of a large layer cost more
+  // than the passes. Inputs are evaluated above, so nested blurs never share them.
+  static thread_local Plane s_planes[3];
+  Plane &plane = s_planes[0], &scratch = s_planes[1], &rows = s_planes[2];
+  rows.allocate(outBounds.width(), srcHeight + 2 * reachY);
+  rows.clearRows(0, reachY);
+  rows.clearRows(reachY + srcHeight, rows.height);
   if (reachX > 0) {
-    Plane columns;
-    columns.allocate(srcHeight, srcWidth + 2 * reachX);
-    Transpose(src.pixels.data(), srcWidth, srcWidth, srcHeight, columns.row(reachX), columns.width);
-    BlurColumns(columns, _sigmaX);
-    Transpose(columns.row(firstColumn), columns.width, srcHeight, outBounds.width(), rows.px.data(), rows.width);
+    plane.allocate(srcHeight, srcWidth + 2 * reachX);
+    plane.clearRows(0, reachX);
+    plane.clearRows(reachX + srcWidth, plane.height);
+    Transpose(src.pixels.data(), srcWidth, srcWidth, srcHeight, plane.row(reachX), plane.width);
+    BlurColumns(plane, scratch, _sigmaX);
+    Transpose(plane.row(firstColumn), plane.width, srcHeight, outBounds.width(), rows.row(reachY), rows.width);
   } else {
     for (int y = 0; y < srcHeight; ++y)
-      std::memcpy(rows.row(y), src.pixels.data() + static_cast<size_t>(y) * srcWidth + firstColumn,
+      std::memcpy(rows.row(reachY + y), src.pixels.data() + static_cast<size_t>(y) * srcWidth + firstColumn,
                   sizeof(uint32_t) * static_cast<size_t>(rows.width));
   }
 
   // Along y: the same, down the columns.
+  if (reachY > 0) BlurColumns(rows, plane, _sigmaY);
   VYRRasterImage out;
   out.allocate(outBounds);
-  const int firstRow = outBounds.top - (src.bounds.top - reachY);
-  if (reachY > 0) {
-    Plane tall;
-    tall.allocate(rows.width, srcHeight + 2 * reachY);
-    std::memcpy(tall.row(reachY), rows.px.data(), sizeof(uint32_t) * rows.px.size());
-    BlurColumns(tall, _sigmaY);
-    std::memcpy(out.pixels.data(), tall.row(firstRow), sizeof(uint32_t) * out.pixels.size());
-  } else {
-    std::memcpy(out.pixels.data(), rows.row(firstRow), sizeof(uint32_t) * out.pixels.size());
-  }
+  std::memcpy(out.pixels.data(), rows.row(firstRow), sizeof(uint32_t) * out.pixels.size());
   return out;
 }

@@ -9,6 +9,8 @@
 // d = floor(s * 3 * sqrt(2 * pi) / 4 + 0.5); smaller ones convolve with the exact Gaussian,
 // each tap weighted by the Gaussian's integral over its pixel. The output spreads beyond the
 // input by the blur's reach, within the clip; content outside the input is transparent.
+// A blur whose passes would work on planes over 64 megapixels (deviations far beyond the
+// layer) reports "blur planes within 64 megapixels" and gives a transparent image.
 class VYR_EXPORT VYRRasterBlurImageFilter : public VYRRasterImageFilter {
   VYR_DECLARE_CLASS(VYRRasterBlurImageFilter)
  public:

@@ -192,7 +192,7 @@ void VYRRasterCanvas::popLayer() {
     pSource->readRow(area.left, y, width, src.data());
     VYRRasterBlender::ScaleRow(src.data(), width, paint.getAlpha());
     const uint8_t* rowCoverage = nullptr;
-    if (!_clip.isRect()) {
+    if (!_clip.isOpaqueRun(y, area.left, area.right)) {
       _clip.getRow(area.left, y, width, coverage.data());
       rowCoverage = coverage.data();
     }

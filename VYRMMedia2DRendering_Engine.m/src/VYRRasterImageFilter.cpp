@@ -30,7 +30,8 @@ VYRRasterImage VYRRasterImageFilter::filterImage(const VYRRasterImage& i_source,
 VYRRasterImageFilter::Result VYRRasterImageFilter::evaluate(Context& io_context) const {
   auto found = io_context.done.find(this);
   if (found != io_context.done.end()) return found->second;
-  Result result = std::make_shared<const VYRRasterImage>(onFilterImage(io_context));
+  // Made non-const, so that filterImage may hand the pixels of the last owner over.
+  Result result = std::make_shared<VYRRasterImage>(onFilterImage(io_context));
   io_context.done.emplace(this, result);
   return result;
 }

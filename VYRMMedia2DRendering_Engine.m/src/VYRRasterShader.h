@@ -12,6 +12,9 @@
 class VYR_EXPORT VYRRasterShader : public VYRBaseUnknown {
   VYR_DECLARE_CLASS(VYRRasterShader)
  public:
+  // What lies outside the shader's natural area: its edge stretched, repeats, or mirrored repeats.
+  enum TileMode { kClamp_TileMode, kRepeat_TileMode, kMirror_TileMode };
+
   // The shader's own transform, applied before the canvas's matrix.
   void setLocalMatrix(const VYRRasterMatrix& i_matrix) { _localMatrix = i_matrix; }
   const VYRRasterMatrix& getLocalMatrix() const { return _localMatrix; }

@@ -1,0 +1,245 @@
+#include "VYRRasterBitmapShader.h"
+
+#include <algorithm>
+#include <cmath>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+VYR_IMPLEMENT_ABSTRACT_CLASS(VYRRasterBitmapShader, VYRRasterShader, "Engine")
+
+namespace {
+
+// Shader-space coordinates are fixed point with 32 fractional bits: steps along a 1024-pixel
+// row then stay far below a hundredth of a bitmap pixel off.
+constexpr int kShift = 32;
+constexpr double kOne = 4294967296.0;
+
+int64_t ToFixed(double i_value) {
+  // Beyond this a clamped coordinate is decided anyway; the limit keeps a row's sums in range.
+  constexpr double kLimit = 1.0e5;
+  if (!(i_value == i_value)) return 0;
+  return static_cast<int64_t>(std::clamp(i_value, -kLimit, kLimit) * kOne);
+}
+
+// One axis of a walk along a row: the coordinate steps in fixed point and is brought into
+// the bitmap by the tile mode. Index() is the pixel holding the coordinate; Pair() the two
+// pixels around it with Weight() the share of the second (bilinear).
+class ClampAxis {
+ public:
+  ClampAxis(double i_start, double i_step, int i_size)
+      : _pos(ToFixed(i_start)), _step(ToFixed(i_step)), _last(i_size - 1) {}
+  int Index() const { return Clamp(_pos >> kShift); }
+  void Pair(int& o_first, int& o_second) const {
+    const int64_t cell = _pos >> kShift;
+    o_first = Clamp(cell);
+    o_second = Clamp(cell + 1);
+  }
+  unsigned Weight() const { return static_cast<unsigned>((_pos >> (kShift - 8)) & 0xFF); }
+  void Advance() { _pos += _step; }
+
+ private:
+  int Clamp(int64_t i_cell) const { return static_cast<int>(std::clamp<int64_t>(i_cell, 0, _last)); }
+  int64_t _pos, _step;
+  int _last;
+};
+
+// Repeat and mirror walk within one period (the bitmap, or the bitmap and its mirror image):
+// one comparison per step keeps the coordinate there.
+template <bool Mirror>
+class PeriodicAxis {
+ public:
+  PeriodicAxis(double i_start, double i_step, int i_size) : _size(i_size) {
+    const double period = Mirror ? 2.0 * i_size : i_size;
+    _period = static_cast<int64_t>(period * kOne);
+    _pos = std::min(Reduce(i_start, period), _period - 1);
+    _step = std::min(Reduce(i_step, period), _period - 1);
+  }
+  int Index() const { return Fold(static_cast<int>(_pos >> kShift)); }
+  void Pair(int& o_first, int& o_second) const {
+    const int cell = static_cast<int>(_pos >> kShift);
+    const int cells = static_cast<int>(_period >> kShift);
+    o_first = Fold(cell);
+    o_second = Fold(cell + 1 == cells ? 0 : cell + 1);
+  }
+  unsigned Weight() const { return static_cast<unsigned>((_pos >> (kShift - 8)) & 0xFF); }
+  void Advance() {
+    _pos += _step;
+    if (_pos >= _period) _pos -= _period;
+  }
+
+ private:
+  static int64_t Reduce(double i_value, double i_period) {
+    if (!std::isfinite(i_value)) return 0;
+    const double reduced = i_value - std::floor(i_value / i_period) * i_period;
+    return static_cast<int64_t>(std::max(reduced, 0.0) * kOne);
+  }
+  int Fold(int i_cell) const { return Mirror && i_cell >= _size ? 2 * _size - 1 - i_cell : i_cell; }
+  int64_t _pos, _step, _period;
+  int _size;
+};
+
+template <class F>
+void WithAxis(VYRRasterShader::TileMode i_mode, double i_start, double i_step, int i_size, F&& f) {
+  switch (i_mode) {
+    case VYRRasterShader::kRepeat_TileMode: f(PeriodicAxis<false>(i_start, i_step, i_size)); break;
+    case VYRRasterShader::kMirror_TileMode: f(PeriodicAxis<true>(i_start, i_step, i_size)); break;
+    default: f(ClampAxis(i_start, i_step, i_size)); break;
+  }
+}
+
+// A pixel spread over four 16-bit lanes (blue, red, green, alpha), so that one 64-bit multiply
+// weighs all four channels at once.
+constexpr uint64_t kLanes = 0x00FF00FF00FF00FFull;
+inline uint64_t Expand(uint32_t i_pixel) { return (i_pixel | (uint64_t(i_pixel) << 24)) & kLanes; }
+inline uint32_t Pack(uint64_t i_lanes) {
+  i_lanes &= kLanes;
+  return static_cast<uint32_t>(i_lanes | (i_lanes >> 24));
+}
+// Between a and b by w / 256 (w in 0..255).
+inline uint64_t Lerp(uint64_t a, uint64_t b, unsigned w) { return ((a * (256 - w) + b * w) >> 8) & kLanes; }
+
+struct Pixels {
+  const uint8_t* base;
+  size_t rowBytes;
+  const uint32_t* Row(int i_y) const { return reinterpret_cast<const uint32_t*>(base + size_t(i_y) * rowBytes); }
+};
+
+template <class AxisX, class AxisY>
+void ShadeNearest(const Pixels& i_pixels, AxisX x, AxisY y, int i_count, uint32_t* o_pixels) {
+  for (int i = 0; i < i_count; ++i, x.Advance(), y.Advance()) o_pixels[i] = i_pixels.Row(y.Index())[x.Index()];
+}
+
+// The four pixels around a point weighed by wx, wy / 256 (the second column and row).
+inline uint32_t Bilinear(uint32_t i_topLeft, uint32_t i_topRight, uint32_t i_bottomLeft, uint32_t i_bottomRight,
+                         unsigned wx, unsigned wy) {
+#if defined(__SSE2__)
+  // Both columns side by side in eight 16-bit lanes: rows mixed first, then the two halves.
+  const __m128i zero = _mm_setzero_si128();
+  const __m128i top = _mm_unpacklo_epi8(_mm_cvtsi64_si128(i_topLeft | int64_t(i_topRight) << 32), zero);
+  const __m128i bottom = _mm_unpacklo_epi8(_mm_cvtsi64_si128(i_bottomLeft | int64_t(i_bottomRight) << 32), zero);
+  __m128i mixed = _mm_add_epi16(_mm_mullo_epi16(top, _mm_set1_epi16(static_cast<short>(256 - wy))),
+                                _mm_mullo_epi16(bottom, _mm_set1_epi16(static_cast<short>(wy))));
+  mixed = _mm_srli_epi16(mixed, 8);
+  const short l = static_cast<short>(256 - wx), r = static_cast<short>(wx);
+  mixed = _mm_mullo_epi16(mixed, _mm_set_epi16(r, r, r, r, l, l, l, l));
+  mixed = _mm_srli_epi16(_mm_add_epi16(mixed, _mm_srli_si128(mixed, 8)), 8);
+  return static_cast<uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(mixed, mixed)));
+#else
+  const uint64_t upper = Lerp(Expand(i_topLeft), Expand(i_bottomLeft), wy);
+  const uint64_t lower = Lerp(Expand(i_topRight), Expand(i_bottomRight), wy);
+  return Pack(Lerp(upper, lower, wx));
+#endif
+}
+
+template <class AxisX, class AxisY>
+void ShadeBilinear(const Pixels& i_pixels, AxisX x, AxisY y, int i_count, uint32_t* o_pixels) {
+  for (int i = 0; i < i_count; ++i, x.Advance(), y.Advance()) {
+    int left, right, top, bottom;
+    x.Pair(left, right);
+    y.Pair(top, bottom);
+    const uint32_t* upperRow = i_pixels.Row(top);
+    const uint32_t* lowerRow = i_pixels.Row(bottom);
+    o_pixels[i] = Bilinear(upperRow[left], upperRow[right], lowerRow[left], lowerRow[right], x.Weight(), y.Weight());
+  }
+}
+
+// Bilinear sampling along a device row that stays between the same two bitmap rows (no
+// rotation or skew): the rows are mixed once for each bitmap column in [i_firstColumn,
+// i_lastColumn], then each pixel mixes the two columns its step names.
+template <class AxisY, class ColumnStep>
+void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisY y, int i_firstColumn, int i_lastColumn,
+                            const ColumnStep* i_steps, int i_count, std::vector<uint64_t>& io_mixed,
+                            uint32_t* o_pixels) {
+  int top, bottom;
+  y.Pair(top, bottom);
+  const unsigned wy = y.Weight();
+  const uint32_t* upperRow = i_pixels.Row(top);
+  const uint32_t* lowerRow = i_pixels.Row(bottom);
+  if (io_mixed.size() < size_t(i_lastColumn) + 1) io_mixed.resize(size_t(i_lastColumn) + 1);
+  uint64_t* mixed = io_mixed.data();
+  for (int c = i_firstColumn; c <= i_lastColumn; ++c) mixed[c] = Lerp(Expand(upperRow[c]), Expand(lowerRow[c]), wy);
+  for (int i = 0; i < i_count; ++i) {
+    o_pixels[i] = Pack(Lerp(mixed[i_steps[i].left], mixed[i_steps[i].right], i_steps[i].weight));
+  }
+}
+
+void ScaleByAlpha(uint32_t* io_pixels, int i_count, unsigned i_alpha) {
+  const unsigned k = i_alpha + (i_alpha >> 7);  // 0..256, 255 -> 256 keeps opaque exact
+  for (int i = 0; i < i_count; ++i) io_pixels[i] = Pack((Expand(io_pixels[i]) * k) >> 8);
+}
+
+}  // namespace
+
+VYRRasterBitmapShader::VYRRasterBitmapShader(const VYRRasterBitmap& i_bitmap, VYRBaseUnknown* i_pPixelOwner,
+                                             TileMode i_tileX, TileMode i_tileY, Filter i_filter)
+    : _bitmap(i_bitmap), _pPixelOwner(i_pPixelOwner), _tileX(i_tileX), _tileY(i_tileY), _filter(i_filter) {
+  if (_pPixelOwner) _pPixelOwner->AddRef();
+}
+
+VYRRasterBitmapShader::~VYRRasterBitmapShader() {
+  if (_pPixelOwner) _pPixelOwner->Release();
+}
+
+bool VYRRasterBitmapShader::setContext(const VYRRasterMatrix& i_totalMatrix, uint8_t i_paintAlpha) {
+  const bool invertible = VYRRasterShader::setContext(i_totalMatrix, i_paintAlpha);
+  _stepsCount = -1;
+  _drawsNothing = !invertible || _bitmap.drawsNothing() || _bitmap.config() != VYRRasterBitmap::kARGB_8888_Config;
+  return invertible;
+}
+
+void VYRRasterBitmapShader::shadeRow(int x, int y, int count, uint32_t* o_premultiplied) {
+  if (_drawsNothing) {
+    std::fill(o_premultiplied, o_premultiplied + count, 0u);
+    return;
+  }
+  const VYRRasterMatrix& m = _deviceToShader;
+  const double px = x + 0.5, py = y + 0.5;
+  double u = m.getScaleX() * px + m.getSkewX() * py + m.getTranslateX();
+  double v = m.getSkewY() * px + m.getScaleY() * py + m.getTranslateY();
+  const double du = m.getScaleX(), dv = m.getSkewY();
+  const Pixels pixels{static_cast<const uint8_t*>(_bitmap.getPixels()), size_t(_bitmap.rowBytes())};
+  // Bilinear weights come from the distances to the four nearest pixel centres.
+  const bool bilinear = _filter == kBilinear_Filter;
+  if (bilinear) u -= 0.5, v -= 0.5;
+  // The bitmap columns a row touches, when few enough to mix the two rows column by column
+  // first (-1 otherwise): a clamped row's span of columns, or all columns of a repeated one.
+  const int width = _bitmap.width();
+  int firstColumn = -1, lastColumn = -1;
+  if (bilinear && std::isfinite(u) && std::isfinite(du)) {
+    if (_tileX == kClamp_TileMode) {
+      const double from = std::min(u, u + du * (count - 1)), to = std::max(u, u + du * (count - 1));
+      firstColumn = static_cast<int>(std::clamp(std::floor(from), 0.0, width - 1.0));
+      lastColumn = static_cast<int>(std::clamp(std::floor(to) + 1, 0.0, width - 1.0));
+      if (lastColumn - firstColumn > 2 * count) firstColumn = -1;
+    } else if (width <= 2 * count) {
+      firstColumn = 0;
+      lastColumn = width - 1;
+    }
+  }
+  WithAxis(_tileX, u, du, _bitmap.width(), [&](auto i_axisX) {
+    WithAxis(_tileY, v, dv, _bitmap.height(), [&](auto i_axisY) {
+      if (bilinear && dv == 0 && m.getSkewX() == 0 && firstColumn >= 0) {
+        if (x != _stepsX || count != _stepsCount) {
+          _columnSteps.resize(size_t(count));
+          auto axisX = i_axisX;
+          for (ColumnStep& step : _columnSteps) {
+            axisX.Pair(step.left, step.right);
+            step.weight = axisX.Weight();
+            axisX.Advance();
+          }
+          _stepsX = x;
+          _stepsCount = count;
+        }
+        ShadeBilinearAlongRows(pixels, i_axisY, firstColumn, lastColumn, _columnSteps.data(), count, _mixedRow,
+                               o_premultiplied);
+      } else if (bilinear) {
+        ShadeBilinear(pixels, i_axisX, i_axisY, count, o_premultiplied);
+      } else {
+        ShadeNearest(pixels, i_axisX, i_axisY, count, o_premultiplied);
+      }
+    });
+  });
+  if (_paintAlpha != 255) ScaleByAlpha(o_premultiplied, count, _paintAlpha);
+}
