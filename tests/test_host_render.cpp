@@ -252,6 +252,87 @@ TEST(HostRenderLayers, MarkersInsideThemselvesEnd) {
   EXPECT_TRUE(Near(picture.At(20, 10), kRed));
 }
 
+// ---- Gradients and patterns
+
+TEST(HostRenderPaint, LinearGradientsInBoxAndUserUnits) {
+  Rendered picture(Svg("<linearGradient id='box'><stop offset='0' stop-color='red'/><stop offset='1' stop-color='blue'/>"
+                       "</linearGradient>"
+                       "<linearGradient id='user' gradientUnits='userSpaceOnUse' x1='0' x2='20'"
+                       " gradientTransform='translate(20 0)'>"
+                       "<stop offset='0' stop-color='red'/><stop offset='1' stop-color='blue'/></linearGradient>"
+                       "<rect x='10' width='20' height='10' fill='url(#box)'/>"
+                       "<rect y='20' width='40' height='10' fill='url(#user)'/>",
+                       "width='80' height='80' viewBox='0 0 40 40'"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(20, 10), {253, 0, 2, 255}, 6));   // left end of the box
+  EXPECT_TRUE(Near(picture.At(40, 10), {128, 0, 127, 255}, 6));  // its middle
+  EXPECT_TRUE(Near(picture.At(59, 10), {2, 0, 253, 255}, 6));
+  // Under the document's scale of 2, the moved gradient starts at user x 20.
+  EXPECT_TRUE(Near(picture.At(30, 50), kRed));
+  EXPECT_TRUE(Near(picture.At(60, 50), {128, 0, 127, 255}, 6));
+  EXPECT_TRUE(Near(picture.At(79, 50), {3, 0, 252, 255}, 6));
+}
+
+TEST(HostRenderPaint, SpreadMethodsRadialFocusAndStrokes) {
+  const std::string stops = "<stop offset='0' stop-color='red'/><stop offset='1' stop-color='blue'/>";
+  Rendered picture(Svg("<linearGradient id='reflect' x2='0.25' spreadMethod='reflect'>" + stops + "</linearGradient>"
+                       "<linearGradient id='repeat' x2='0.25' spreadMethod='repeat'>" + stops + "</linearGradient>"
+                       "<radialGradient id='radial' fx='0.1'>" + stops + "</radialGradient>"
+                       "<rect width='40' height='4' fill='url(#reflect)'/>"
+                       "<rect y='5' width='40' height='4' fill='url(#repeat)'/>"
+                       "<rect y='10' width='20' height='20' fill='url(#radial)'/>"
+                       "<rect x='22' y='12' width='16' height='16' fill='none' stroke='url(#reflect)'"
+                       " stroke-width='2'/>"
+                       "<line x1='22' y1='35' x2='40' y2='35' stroke='url(#reflect)' stroke-width='4'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  // At 0.4875, 1.95 periods of 0.25: reflected back near red, repeated near blue.
+  EXPECT_TRUE(Near(picture.At(19, 2), {243, 0, 12, 255}, 12));
+  EXPECT_TRUE(Near(picture.At(19, 7), {12, 0, 243, 255}, 12));
+  EXPECT_TRUE(Near(picture.At(2, 20), {240, 0, 15, 255}, 25));  // by the focus
+  EXPECT_TRUE(Near(picture.At(19, 20), kBlue, 12));              // at the radius
+  EXPECT_TRUE(Near(picture.At(0, 10), kBlue));                   // padded beyond it
+  // A stroke's gradient spans the shape's box: red on its left side, blue a quarter across.
+  EXPECT_TRUE(Near(picture.At(22, 20), kRed, 40));
+  EXPECT_TRUE(Near(picture.At(26, 12), kBlue, 40));
+  // A horizontal line has no box height to map the gradient onto: nothing is drawn.
+  EXPECT_TRUE(Near(picture.At(30, 35), kClear));
+}
+
+TEST(HostRenderPaint, PatternsTileInUserAndBoxUnits) {
+  Rendered picture(Svg("<pattern id='user' patternUnits='userSpaceOnUse' width='10' height='10'>"
+                       "<rect width='5' height='5' fill='red'/></pattern>"
+                       "<pattern id='box' width='0.5' height='1' patternContentUnits='objectBoundingBox'>"
+                       "<rect width='0.25' height='1' fill='blue'/></pattern>"
+                       "<rect width='40' height='20' fill='url(#user)'/>"
+                       "<rect y='24' width='40' height='16' fill='url(#box)' stroke='url(#user)' stroke-width='0'/>",
+                       "width='80' height='80' viewBox='0 0 40 40'"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(4, 4), kRed));
+  EXPECT_TRUE(Near(picture.At(14, 14), kClear));
+  EXPECT_TRUE(Near(picture.At(24, 4), kRed));    // the next tile
+  EXPECT_TRUE(Near(picture.At(64, 24), kRed));
+  EXPECT_TRUE(Near(picture.At(10, 60), kBlue));  // a quarter of the box is blue in each half
+  EXPECT_TRUE(Near(picture.At(30, 60), kClear));
+  EXPECT_TRUE(Near(picture.At(50, 60), kBlue));
+}
+
+TEST(HostRenderPaint, PatternTransformsReferencesAndRecursion) {
+  Rendered picture(Svg("<pattern id='base' patternUnits='userSpaceOnUse' width='10' height='10'>"
+                       "<rect width='5' height='10' fill='red'/></pattern>"
+                       "<pattern id='moved' href='#base' patternUnits='userSpaceOnUse' width='10' height='10'"
+                       " patternTransform='translate(5 0)'/>"
+                       "<pattern id='self' patternUnits='userSpaceOnUse' width='10' height='10'>"
+                       "<rect width='10' height='10' fill='url(#self)'/><rect width='5' height='5' fill='blue'/>"
+                       "</pattern>"
+                       "<rect width='40' height='10' fill='url(#moved)'/>"
+                       "<rect y='20' width='40' height='10' fill='url(#self)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(2, 5), kClear));  // shifted by half a tile
+  EXPECT_TRUE(Near(picture.At(7, 5), kRed));
+  EXPECT_TRUE(Near(picture.At(2, 22), kBlue));  // the pattern inside itself paints nothing
+  EXPECT_TRUE(Near(picture.At(7, 27), kClear));
+}
+
 // ---- The round trip through a saved model
 
 std::string ReadFile(const std::string& i_path) {

@@ -668,10 +668,10 @@ VYRPrtFillAttributes VYRSvgImporter::MakeFill(const Context& i_context, VYRPrtGr
     }
     if (pServer != nullptr && pServer->GetStreamType() == kStreamTypePatternElt) {
       i_shape.SetPattern(static_cast<VYRPrtPatternElt*>(pServer));
-      Report("pattern fills are drawn with their fallback colour");
-    } else {
-      Report("missing paint server \"" + paint.serverID + "\"");
+      fill.SetFillStyle(static_cast<VYRPrtFillStyle>(kHostFillPattern));
+      return fill;
     }
+    Report("missing paint server \"" + paint.serverID + "\"");
     if (PaintColor(paint, paint.fallbackKind, paint.fallbackColor, style, color)) {
       fill.SetFillColorIndex(ColourIndex(color));
       return fill;
@@ -707,7 +707,14 @@ VYRPrtStrokeAttributes VYRSvgImporter::MakeStroke(const Context& i_context, VYRP
       if (SetGradient(pServer, i_shape, stroke)) stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokeGradient));
       return stroke;
     }
-    Report(pServer != nullptr ? "pattern strokes are drawn with their fallback colour"
+    // An element holds one pattern: a stroke can use it unless the fill uses another.
+    if (pServer != nullptr && pServer->GetStreamType() == kStreamTypePatternElt &&
+        (i_shape.GetPattern() == nullptr || i_shape.GetPattern() == pServer)) {
+      i_shape.SetPattern(static_cast<VYRPrtPatternElt*>(pServer));
+      stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokePattern));
+      return stroke;
+    }
+    Report(pServer != nullptr ? "a stroke pattern other than the fill's is drawn with its fallback colour"
                               : "missing paint server \"" + paint.serverID + "\"");
     if (PaintColor(paint, paint.fallbackKind, paint.fallbackColor, style, color)) {
       stroke.SetStrokeColorIndex(ColourIndex(color));

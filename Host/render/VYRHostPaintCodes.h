@@ -9,8 +9,10 @@
 constexpr int kHostFillColor = 0;     // the colour at the fill colour index
 constexpr int kHostFillNone = 1;
 constexpr int kHostFillGradient = 2;  // the fill attributes' gradient record
+constexpr int kHostFillPattern = 3;   // the element's pattern
 
 // Stroke modes.
 constexpr int kHostStrokeNone = 0;
 constexpr int kHostStrokeColor = 1;     // the colour at the stroke colour index
 constexpr int kHostStrokeGradient = 2;  // the stroke attributes' gradient record
+constexpr int kHostStrokePattern = 3;   // the element's pattern

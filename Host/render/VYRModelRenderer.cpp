@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "VYR2DGSkiaDrawing.h"
+#include "VYRAssert.h"
 #include "VYR2DGSkiaSupport.h"
 #include "VYRHostPaintCodes.h"
 #include "VYRHostPath.h"
@@ -12,6 +13,7 @@
 #include "VYRMathConstants.h"
 #include "VYRPixelImage.h"
 #include "VYRPixelImagePNG.h"
+#include "VYRPrintGradient.h"
 #include "VYRPrtBitmapImageElt.h"
 #include "VYRPrtClipPathElt.h"
 #include "VYRPrtColourTable.h"
@@ -22,6 +24,7 @@
 #include "VYRPrtMaskElt.h"
 #include "VYRPrtModel.h"
 #include "VYRPrtPathElt.h"
+#include "VYRPrtPatternElt.h"
 #include "VYRPrtPointBasedElt.h"
 #include "VYRPrtTextElt.h"
 #include "VYRViewBoxMapping.h"
@@ -32,6 +35,8 @@ namespace {
 constexpr int kMaximumDepth = 256;
 // Matrix and clip (the drawing's save flags 1 and 2).
 constexpr int kSaveMatrixAndClip = 3;
+// Pattern tiles are drawn no larger than this many pixels a side.
+constexpr double kMaximumTileSide = 4096.0;
 
 VYRMath3x3Matrix MatrixOf(const VYRPrtTransformAttributes& i_transform) {
   VYRMath3x3Matrix matrix;
@@ -87,12 +92,15 @@ struct ShapePaint {
       pFill = &pShape->GetFillAttributes();
       pStroke = &pShape->GetStrokeAttributes();
     }
+    const bool hasPattern = i_pElt->GetPattern() != nullptr;
     const int fillStyle = pFill != nullptr ? pFill->GetFillStyle() : kHostFillNone;
-    hasFill = fillStyle == kHostFillColor || (fillStyle == kHostFillGradient && pFill->GetGradient() != nullptr);
+    hasFill = fillStyle == kHostFillColor || (fillStyle == kHostFillGradient && pFill->GetGradient() != nullptr) ||
+              (fillStyle == kHostFillPattern && hasPattern);
     const int strokeMode = pStroke != nullptr ? pStroke->GetStrokeMode() : kHostStrokeNone;
     hasStroke = pStroke != nullptr && pStroke->GetStrokeWidth() > 0.0 &&
                 (strokeMode == kHostStrokeColor ||
-                 (strokeMode == kHostStrokeGradient && pStroke->GetGradient() != nullptr));
+                 (strokeMode == kHostStrokeGradient && pStroke->GetGradient() != nullptr) ||
+                 (strokeMode == kHostStrokePattern && hasPattern));
   }
   const VYRPrtFillAttributes* pFill = nullptr;
   const VYRPrtStrokeAttributes* pStroke = nullptr;
@@ -175,21 +183,27 @@ VYRPixelImage* VYRModelRenderer::RenderToImage(VYRPrtModel& i_model, int i_width
   }
   const int pixelWidth = static_cast<int>(std::lround(width));
   const int pixelHeight = static_cast<int>(std::lround(height));
-  auto* pSupport = new VYR2DGSkiaSupport(pixelWidth, pixelHeight);
+  return DrawToNewImage(pixelWidth, pixelHeight, o_error, [&](VYRModelRenderer& io_renderer) {
+    io_renderer.DrawModel(i_model, VYR3x3Matrix(static_cast<float>(pixelWidth / documentWidth), 0.0f, 0.0f, 0.0f,
+                                                static_cast<float>(pixelHeight / documentHeight), 0.0f));
+  });
+}
+
+VYRPixelImage* VYRModelRenderer::DrawToNewImage(int i_width, int i_height, std::string& o_error,
+                                                const std::function<void(VYRModelRenderer&)>& i_draw) {
+  auto* pSupport = new VYR2DGSkiaSupport(i_width, i_height);
   if (pSupport->GetData(VYR2DGSupport::eMainBitmap) == nullptr) {
     pSupport->Release();
-    o_error = "an image of " + std::to_string(pixelWidth) + " x " + std::to_string(pixelHeight) +
-              " pixels is too large";
+    o_error = "an image of " + std::to_string(i_width) + " x " + std::to_string(i_height) + " pixels is too large";
     return nullptr;
   }
   {
     VYR2DGSkiaDrawing drawing(pSupport->GetDrawingContext());
     drawing.SetBlendingMode(eTransferSourceOver);
     VYRModelRenderer renderer(drawing);
-    renderer.DrawModel(i_model, VYR3x3Matrix(static_cast<float>(pixelWidth / documentWidth), 0.0f, 0.0f, 0.0f,
-                                             static_cast<float>(pixelHeight / documentHeight), 0.0f));
+    i_draw(renderer);
   }
-  auto* pImage = new VYRPixelImage(pixelWidth, pixelHeight, VYRPixelImageFormat_BGRA32Premultiplied,
+  auto* pImage = new VYRPixelImage(i_width, i_height, VYRPixelImageFormat_BGRA32Premultiplied,
                                    pSupport->GetData(VYR2DGSupport::eMainBitmap),
                                    VYRDeallocatePixels_ImageCopiesPixels);
   pSupport->Release();
@@ -340,74 +354,197 @@ void VYRModelRenderer::EmitPath(const VYRHostPath& i_path) {
 void VYRModelRenderer::DrawShape(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint) {
   VYRHostPath outline;
   if (!outline.BuildFrom(i_pElt) || outline.IsEmpty()) return;
-  const float alpha = static_cast<float>(i_paint.alpha);
   const ShapePaint shapePaint(i_pElt);
-  const VYRPrtFillAttributes* pFill = shapePaint.pFill;
-  const VYRPrtStrokeAttributes* pStroke = shapePaint.pStroke;
-  const int fillStyle = shapePaint.hasFill ? pFill->GetFillStyle() : kHostFillNone;
-  const int strokeMode = shapePaint.hasStroke ? pStroke->GetStrokeMode() : kHostStrokeNone;
-  const bool hasFill = shapePaint.hasFill;
-  const bool hasStroke = shapePaint.hasStroke;
-  if (!hasFill && !hasStroke) return;
-
+  const VYRPrintFillMode fillMode = shapePaint.hasFill ? PrepareFill(i_pElt, *shapePaint.pFill, i_paint) : eFillModeNone;
+  const VYRPrintEdgeMode strokeMode =
+      shapePaint.hasStroke ? PrepareStroke(i_pElt, *shapePaint.pStroke, i_paint) : eEdgeModeNone;
+  if (fillMode == eFillModeNone && strokeMode == eEdgeModeNone) return;
   EmitPath(outline);
-  if (hasFill) {
-    _drawing.SetFillRule(pFill->GetFillRule() == VYRPrtFillRuleEvenOdd ? eFillRuleEvenOdd : eFillRuleNonZero);
-    const float fillAlpha = alpha * pFill->GetFillOpacity() / 255.0f;
-    if (fillStyle == kHostFillGradient) {
-      _drawing.SetStrokeMode(eEdgeModeColor);  // so that the gradient goes to the fill
-      _drawing.SetGradient(pFill->GetGradient());
-      _drawing.SetFillColor(0.0f, 0.0f, 0.0f, fillAlpha);
-      _drawing.ApplyFillMode(eFillModeGradient);
-    } else {
-      unsigned int index = 0;
-      pFill->GetFillColourIndex(index);
-      float rgb[3];
-      Colour(i_paint, index, rgb);
-      _drawing.SetFillColor(rgb[0], rgb[1], rgb[2], fillAlpha);
-      _drawing.ApplyFillMode(eFillModeColor);
-    }
-    if (hasStroke) {
+  if (fillMode != eFillModeNone) {
+    _drawing.SetFillRule(shapePaint.pFill->GetFillRule() == VYRPrtFillRuleEvenOdd ? eFillRuleEvenOdd
+                                                                                  : eFillRuleNonZero);
+    _drawing.ApplyFillMode(fillMode);
+    if (strokeMode != eEdgeModeNone) {
       _drawing.DrawFillPreserve();
     } else {
       _drawing.DrawFill();
     }
   }
-  if (hasStroke) {
-    _drawing.SetStrokeWidth(static_cast<float>(pStroke->GetStrokeWidth()));
-    _drawing.SetLineCap(pStroke->GetStrokeCap());
-    _drawing.SetLineJoin(pStroke->GetStrokeJoin());
-    float* pDashes = nullptr;
-    unsigned char dashCount = 0;
-    pStroke->GetStrokeTypePattern(pDashes, dashCount);
-    _drawing.SetDashStyle(pDashes != nullptr ? dashCount : 0, pDashes);
-    const float strokeAlpha = alpha * pStroke->GetStrokeOpacity() / 255.0f;
-    if (strokeMode == kHostStrokeGradient) {
-      _drawing.SetStrokeMode(eEdgeModeShader);
-      _drawing.SetGradient(pStroke->GetGradient());
-      _drawing.SetStrokeColor(0.0f, 0.0f, 0.0f, strokeAlpha);
-      _drawing.ApplyStrokeMode(eEdgeModeShader);
-    } else {
-      float rgb[3];
-      Colour(i_paint, pStroke->GetStrokeColorIndex(), rgb);
-      _drawing.SetStrokeColor(rgb[0], rgb[1], rgb[2], strokeAlpha);
-      _drawing.ApplyStrokeMode(eEdgeModeColor);
-    }
+  if (strokeMode != eEdgeModeNone) {
+    _drawing.ApplyStrokeMode(strokeMode);
     _drawing.DrawStroke();
-    _drawing.SetDashStyle(0, nullptr);
-    _drawing.SetStrokeMode(eEdgeModeColor);
   }
+  EndPaint();
+}
+
+VYRPrintFillMode VYRModelRenderer::PrepareFill(VYRPrtGraphicPrimitiveElt* i_pElt, const VYRPrtFillAttributes& i_fill,
+                                               const Paint& i_paint) {
+  const float alpha = static_cast<float>(i_paint.alpha * i_fill.GetFillOpacity() / 255.0);
+  // Shaders set while the stroke mode is a shader's go to the stroke.
+  _drawing.SetStrokeMode(eEdgeModeColor);
+  switch (static_cast<int>(i_fill.GetFillStyle())) {
+    case kHostFillGradient:
+      if (i_fill.GetGradient() == nullptr) return eFillModeNone;
+      SetGradient(*i_fill.GetGradient());
+      _drawing.SetFillColor(0.0f, 0.0f, 0.0f, alpha);
+      return eFillModeGradient;
+    case kHostFillPattern:
+      if (!SetPattern(i_pElt, i_paint)) return eFillModeNone;
+      _drawing.SetFillColor(0.0f, 0.0f, 0.0f, alpha);
+      return eFillModePattern;
+    default: {
+      unsigned int index = 0;
+      i_fill.GetFillColourIndex(index);
+      float rgb[3];
+      Colour(i_paint, index, rgb);
+      _drawing.SetFillColor(rgb[0], rgb[1], rgb[2], alpha);
+      return eFillModeColor;
+    }
+  }
+}
+
+VYRPrintEdgeMode VYRModelRenderer::PrepareStroke(VYRPrtGraphicPrimitiveElt* i_pElt,
+                                                 const VYRPrtStrokeAttributes& i_stroke, const Paint& i_paint) {
+  _drawing.SetStrokeWidth(static_cast<float>(i_stroke.GetStrokeWidth()));
+  _drawing.SetLineCap(i_stroke.GetStrokeCap());
+  _drawing.SetLineJoin(i_stroke.GetStrokeJoin());
+  float* pDashes = nullptr;
+  unsigned char dashCount = 0;
+  i_stroke.GetStrokeTypePattern(pDashes, dashCount);
+  _drawing.SetDashStyle(pDashes != nullptr ? dashCount : 0, pDashes);
+  const float alpha = static_cast<float>(i_paint.alpha * i_stroke.GetStrokeOpacity() / 255.0);
+  switch (static_cast<int>(i_stroke.GetStrokeMode())) {
+    case kHostStrokeGradient:
+      if (i_stroke.GetGradient() == nullptr) return eEdgeModeNone;
+      _drawing.SetStrokeMode(eEdgeModeShader);
+      SetGradient(*i_stroke.GetGradient());
+      _drawing.SetStrokeColor(0.0f, 0.0f, 0.0f, alpha);
+      return eEdgeModeShader;
+    case kHostStrokePattern:
+      _drawing.SetStrokeMode(eEdgeModeShader);
+      if (!SetPattern(i_pElt, i_paint)) return eEdgeModeNone;
+      _drawing.SetStrokeColor(0.0f, 0.0f, 0.0f, alpha);
+      return eEdgeModeShader;
+    default: {
+      float rgb[3];
+      Colour(i_paint, i_stroke.GetStrokeColorIndex(), rgb);
+      _drawing.SetStrokeColor(rgb[0], rgb[1], rgb[2], alpha);
+      return eEdgeModeColor;
+    }
+  }
+}
+
+void VYRModelRenderer::EndPaint() {
+  _drawing.SetDashStyle(0, nullptr);
+  _drawing.SetFillMode(eFillModeColor);
+  _drawing.SetStrokeMode(eEdgeModeColor);
+}
+
+void VYRModelRenderer::SetGradient(const VYRPrintGradient& i_gradient) {
+  // The drawing takes a gradient transform other than the identity as
+  // mapping straight to device pixels; the record's maps to user space, so
+  // the current transform is put in front of it.
+  if (i_gradient.GetTransform().IsIdentity()) {
+    _drawing.SetGradient(&i_gradient);
+    return;
+  }
+  VYRPrintGradient* pDevice = i_gradient.Clone();
+  if (!VYR_CHECK_POINTER(pDevice)) return;
+  float a, b, c, d, e, f;
+  _drawing.GetMatrixTransform(a, b, c, d, e, f);
+  VYRMath3x3Matrix current;
+  current.SetCoef(a, b, c, d, e, f, 0.0, 0.0, 1.0);
+  pDevice->SetTransform(current * i_gradient.GetTransform());
+  _drawing.SetGradient(pDevice);
+  pDevice->Release();
+}
+
+bool VYRModelRenderer::SetPattern(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint) {
+  VYRPrtPatternElt* pPattern = i_pElt->GetPattern();
+  if (pPattern == nullptr || _inUse.count(pPattern) != 0) return false;
+  // The tile in pattern space: a box fraction or user units.
+  const VYRPrtRegionAttributes& region = pPattern->GetRegion();
+  double x = region.GetX(), y = region.GetY(), width = region.GetWidth(), height = region.GetHeight();
+  double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
+  const bool hasBox = LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0) && xmax > xmin && ymax > ymin;
+  if (pPattern->GetUnits() == MM2D::UnitObjectBoundingBox) {
+    if (!hasBox) return false;
+    x = xmin + x * (xmax - xmin);
+    y = ymin + y * (ymax - ymin);
+    width *= xmax - xmin;
+    height *= ymax - ymin;
+  }
+  if (!(width > 0.0) || !(height > 0.0)) return false;
+  // The tile is drawn at the device's resolution, so that it is not blurred by scaling.
+  const VYRMath3x3Matrix patternMatrix = MatrixOf(pPattern->GetPatternTransform());
+  float a, b, c, d, e, f;
+  _drawing.GetMatrixTransform(a, b, c, d, e, f);
+  VYRMath3x3Matrix toDevice;
+  toDevice.SetCoef(a, b, c, d, e, f, 0.0, 0.0, 1.0);
+  toDevice = toDevice * patternMatrix;
+  double m[9];
+  toDevice.GetCoef(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8]);
+  const auto pixels = [](double i_units, double i_scale) {
+    return static_cast<int>(std::min(kMaximumTileSide, std::max(1.0, std::ceil(i_units * i_scale - 1e-6))));
+  };
+  const int tileWidth = pixels(width, std::hypot(m[0], m[3]));
+  const int tileHeight = pixels(height, std::hypot(m[1], m[4]));
+  // Content coordinates start at the tile's corner.
+  VYRPrtTransformAttributes content;
+  content.AddMatrix(VYRMath2x2Matrix(tileWidth / width, 0.0, 0.0, tileHeight / height));
+  VYRPrtTransformAttributes viewBox;
+  VYRAddViewBoxTransform(pPattern->GetViewBoxAttributes(), width, height, viewBox);
+  content.AddTransformAttributes(viewBox);
+  double viewX = 0.0, viewY = 0.0, viewWidth = 0.0, viewHeight = 0.0;
+  pPattern->GetViewBoxAttributes().GetViewBox(viewX, viewY, viewWidth, viewHeight);
+  if (!(viewWidth > 0.0 && viewHeight > 0.0) && pPattern->GetContentUnits() == MM2D::UnitObjectBoundingBox && hasBox) {
+    content.AddMatrix(VYRMath2x2Matrix(xmax - xmin, 0.0, 0.0, ymax - ymin));
+  }
+  const VYRPrtNodeTreeElt* pContent = PatternContent(pPattern);
+  std::string error;
+  VYRPixelImage* pTile = DrawToNewImage(tileWidth, tileHeight, error, [&](VYRModelRenderer& io_renderer) {
+    io_renderer._elementsByID = _elementsByID;
+    io_renderer._inUse = _inUse;
+    io_renderer._inUse.insert(pPattern);
+    io_renderer._drawing.SetMatrixTransform(VYR3x3Matrix(MatrixOf(content)));
+    Paint paint = i_paint;
+    paint.alpha = 1.0;
+    if (pContent != nullptr) io_renderer.DrawChildren(*pContent, paint, 0);
+  });
+  if (pTile == nullptr) return false;
+  // Tile pixels to user space: the tile's corner and size, then the pattern transform.
+  VYRMath3x3Matrix tileToUser;
+  tileToUser.SetCoef(width / tileWidth, 0.0, x, 0.0, height / tileHeight, y, 0.0, 0.0, 1.0);
+  const VYR3x3Matrix tileMatrix(patternMatrix * tileToUser);
+  _drawing.SetPattern(pTile, ePatternRepeat, &tileMatrix);
+  pTile->Release();
+  return true;
+}
+
+const VYRPrtNodeTreeElt* VYRModelRenderer::PatternContent(VYRPrtPatternElt* i_pPattern) const {
+  // A pattern without children of its own takes those of the pattern it refers to.
+  VYRPrtGraphicPrimitiveElt* pCurrent = i_pPattern;
+  for (int hops = 0; hops < kMaximumDepth && pCurrent != nullptr; ++hops) {
+    const auto* pPattern = static_cast<const VYRPrtPatternElt*>(pCurrent);
+    if (pPattern->GetChildArray().GetLength() > 0) return pPattern;
+    pCurrent = FindByID(pPattern->GetHrefID());
+    if (pCurrent != nullptr && pCurrent->GetStreamType() != kStreamTypePatternElt) return nullptr;
+  }
+  return nullptr;
 }
 
 void VYRModelRenderer::DrawText(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint) {
   auto* pText = static_cast<VYRPrtTextElt*>(i_pElt);
   if (pText->GetText().IsEmpty() || pText->GetPositionCount() < 1) return;
   const VYRPrtTextAttributes& attributes = pText->GetTextAttributes();
-  const VYRPrtFillAttributes& fill = pText->GetFillAttributes();
-  const VYRPrtStrokeAttributes& stroke = pText->GetStrokeAttributes();
-  const bool hasFill = fill.GetFillStyle() == kHostFillColor;
-  const bool hasStroke = stroke.GetStrokeMode() == kHostStrokeColor && stroke.GetStrokeWidth() > 0.0;
-  if (!hasFill && !hasStroke) return;
+  const ShapePaint shapePaint(i_pElt);
+  const VYRPrintFillMode fillMode = shapePaint.hasFill ? PrepareFill(i_pElt, *shapePaint.pFill, i_paint) : eFillModeNone;
+  const VYRPrintEdgeMode strokeMode =
+      shapePaint.hasStroke ? PrepareStroke(i_pElt, *shapePaint.pStroke, i_paint) : eEdgeModeNone;
+  if (fillMode == eFillModeNone && strokeMode == eEdgeModeNone) {
+    EndPaint();
+    return;
+  }
   if (!attributes.GetFontFamily().IsEmpty()) _drawing.SetFont(attributes.GetFontFamily());
   _drawing.SetTextHeight(static_cast<float>(attributes.GetHeight()));
   _drawing.SetTextWeight(attributes.GetWeight() >= 600 ? eTextWeightBold : eTextWeightNormal);
@@ -418,22 +555,13 @@ void VYRModelRenderer::DrawText(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& 
   _drawing.SetTextAlign(anchor == MM2D::TextAnchorMiddle ? eTextAlignCenter
                                                          : (anchor == MM2D::TextAnchorEnd ? eTextAlignRight
                                                                                           : eTextAlignLeft));
-  float rgb[3];
-  unsigned int index = 0;
-  fill.GetFillColourIndex(index);
-  Colour(i_paint, index, rgb);
-  _drawing.SetFillColor(rgb[0], rgb[1], rgb[2], static_cast<float>(i_paint.alpha * fill.GetFillOpacity() / 255.0));
-  _drawing.SetFillMode(hasFill ? eFillModeColor : eFillModeNone);
-  Colour(i_paint, stroke.GetStrokeColorIndex(), rgb);
-  _drawing.SetStrokeColor(rgb[0], rgb[1], rgb[2],
-                          static_cast<float>(i_paint.alpha * stroke.GetStrokeOpacity() / 255.0));
-  _drawing.SetStrokeWidth(static_cast<float>(stroke.GetStrokeWidth()));
-  _drawing.SetStrokeMode(hasStroke ? eEdgeModeColor : eEdgeModeNone);
+  // The text operation applies each mode itself, the fill first.
+  _drawing.SetFillMode(fillMode);
+  _drawing.SetStrokeMode(strokeMode);
   const VYRMathPoint2D origin = pText->GetPosition(0);
   _drawing.DrawTextW(VYRMathPoint2Df(static_cast<float>(origin.x), static_cast<float>(origin.y)), pText->GetText(),
                      false);
-  _drawing.SetFillMode(eFillModeColor);
-  _drawing.SetStrokeMode(eEdgeModeColor);
+  EndPaint();
 }
 
 void VYRModelRenderer::DrawBitmap(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "MM2DAttributeTypes.h"
+#include "VYR2DGDrawingEnums.h"
 #include "VYR2DGRect.h"
 #include "VYR3x3Matrix.h"
 #include "VYRMathPoint2D.h"
@@ -14,12 +16,16 @@
 class VYR2DGDrawing;
 class VYRHostPath;
 class VYRPixelImage;
+class VYRPrintGradient;
 class VYRPrtColourTable;
 class VYRPrtGraphicPrimitiveElt;
 class VYRPrtMarkerElt;
 class VYRPrtMaskElt;
 class VYRPrtRegionAttributes;
 class VYRPrtModel;
+class VYRPrtPatternElt;
+class VYRPrtFillAttributes;
+class VYRPrtStrokeAttributes;
 class VYRPrtNodeTreeElt;
 
 // Draws a model through a drawing: every image element of the model clipped
@@ -57,6 +63,9 @@ class VYRModelRenderer {
     double alpha = 1.0;  // opacities of ancestors folded into the paint
   };
 
+  // A new image of the given size (one reference) with what i_draw draws on it; null with a reason in o_error.
+  static VYRPixelImage* DrawToNewImage(int i_width, int i_height, std::string& o_error,
+                                       const std::function<void(VYRModelRenderer&)>& i_draw);
   void IndexIDs(VYRPrtGraphicPrimitiveElt* i_pElt, int i_depth);
   void DrawNode(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth);
   // The element's content through its filter, mask and opacity.
@@ -64,6 +73,20 @@ class VYRModelRenderer {
   void DrawContent(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth);
   void DrawChildren(const VYRPrtNodeTreeElt& i_node, const Paint& i_paint, int i_depth);
   void DrawShape(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint);
+  // Load the fill or stroke colour, gradient or pattern of an element and
+  // return the mode that paints with it (none when nothing can be painted).
+  VYRPrintFillMode PrepareFill(VYRPrtGraphicPrimitiveElt* i_pElt, const VYRPrtFillAttributes& i_fill,
+                               const Paint& i_paint);
+  VYRPrintEdgeMode PrepareStroke(VYRPrtGraphicPrimitiveElt* i_pElt, const VYRPrtStrokeAttributes& i_stroke,
+                                 const Paint& i_paint);
+  // Back to plain colour fills and solid strokes.
+  void EndPaint();
+  // Draws the element's pattern tile and sets it as the shader; false when it paints nothing.
+  bool SetPattern(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint);
+  // The pattern whose children make the tile, following references.
+  const VYRPrtNodeTreeElt* PatternContent(VYRPrtPatternElt* i_pPattern) const;
+  // Sets a gradient record whose transform maps to the current user space.
+  void SetGradient(const VYRPrintGradient& i_gradient);
   void DrawText(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint);
   void DrawBitmap(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint);
   void DrawMarkers(VYRPrtGraphicPrimitiveElt* i_pElt, const VYRHostPath& i_outline, const Paint& i_paint,
