@@ -565,16 +565,44 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportBitmap(const VYRIDOMElement_var
     Report("<image> data is not a readable PNG");
     return nullptr;
   }
-  auto* pBitmap = Create<VYRPrtBitmapImageElt>();
-  if (VYR_CHECK_POINTER(pBitmap)) {
-    // A missing size is the image's own.
-    pBitmap->SetParameters(
-        VYRMathPoint2D(Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0),
-                       Length(i_element, "y", i_context, VYRSvgLengthAxis::eY, 0.0)),
-        width > 0.0 ? width : pImage->GetWidth(), height > 0.0 ? height : pImage->GetHeight(), 0.0, pImage);
+  const double x = Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0);
+  const double y = Length(i_element, "y", i_context, VYRSvgLengthAxis::eY, 0.0);
+  // A missing size is the image's own; the image is fitted into the area as preserveAspectRatio asks.
+  const double areaWidth = width > 0.0 ? width : pImage->GetWidth();
+  const double areaHeight = height > 0.0 ? height : pImage->GetHeight();
+  VYRPrtViewBoxAttributes fit;
+  fit.SetViewBox(0.0, 0.0, pImage->GetWidth(), pImage->GetHeight());
+  const std::string aspect = Attribute(i_element, "preserveAspectRatio");
+  if (!aspect.empty() && !VYRSvgValues::ParsePreserveAspectRatio(aspect, fit)) {
+    Report("ignored preserveAspectRatio \"" + aspect + "\"");
   }
+  VYRPrtTransformAttributes fitting;
+  VYRAddViewBoxTransform(fit, areaWidth, areaHeight, fitting);
+  VYRMath3x3Matrix matrix;
+  fitting.GetTransformationMatrix(matrix);
+  double m[9];
+  matrix.GetCoef(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8]);
+  auto* pBitmap = Create<VYRPrtBitmapImageElt>();
+  if (!VYR_CHECK_POINTER(pBitmap)) {
+    pImage->Release();
+    return nullptr;
+  }
+  const double fittedWidth = pImage->GetWidth() * m[0], fittedHeight = pImage->GetHeight() * m[4];
+  pBitmap->SetParameters(VYRMathPoint2D(x + m[2], y + m[5]), fittedWidth, fittedHeight, 0.0, pImage);
   pImage->Release();
-  return pBitmap;
+  const bool overflows = m[2] < -1e-9 || m[5] < -1e-9 || m[2] + fittedWidth > areaWidth + 1e-9 ||
+                         m[5] + fittedHeight > areaHeight + 1e-9;
+  if (!overflows) return pBitmap;
+  // A sliced image is cut to its area by a clip path of its own.
+  auto* pGroup = Create<VYRPrtGroupElt>();
+  auto* pClip = Create<VYRPrtClipPathElt>();
+  auto* pArea = Create<VYRPrtRectangleElt>();
+  if (!VYR_CHECK_POINTER(pGroup) || !VYR_CHECK_POINTER(pClip) || !VYR_CHECK_POINTER(pArea)) return pBitmap;
+  pArea->SetPoints(VYRMathPoint2D(x, y), VYRMathPoint2D(x + areaWidth, y + areaHeight));
+  pClip->AddChild(pArea);
+  pGroup->SetClipPath(pClip);
+  pGroup->AddChild(pBitmap);
+  return pGroup;
 }
 
 // ---- Paint
