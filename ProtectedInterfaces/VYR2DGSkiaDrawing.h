@@ -5,6 +5,7 @@
 class VYR2DGDrawingContext;
 class VYR2DGSkiaDrawingContext;
 class VYRRasterCanvas;
+class VYRRasterPaint;
 class VYRRasterPath;
 struct VYR2DGShape;
 
@@ -14,8 +15,7 @@ struct VYR2DGShape;
 // Not available yet, reported as a failed condition and otherwise without
 // effect: gradients and patterns (SetGradient, SetPattern, FillWithGradient,
 // FillWithPattern), bitmaps (DrawBitmap, DrawBitmapToRect,
-// DrawNinePatchBitmap), text (DrawTextW, SetFont by name,
-// GetTextAdvanceWidth, SetSubpixelRendering, SetHinting) and layers
+// DrawNinePatchBitmap) and layers
 // (SaveLayer, SetLayerAlpha, SetLayerBlendingMode, SetLayerMaskMode,
 // SetLayerFilter).
 class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
@@ -131,6 +131,11 @@ class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   VYRRasterPath* Path_() const;
   // The current path, reporting "pPath" (or a missing context) when there is none.
   VYRRasterPath* CheckedPath_() const;
+  // The paint, reporting a missing context or "_pSkDrawingCtx->_pPaint".
+  VYRRasterPaint* CheckedPaint_() const;
+  // Loads the paint with the text state: typeface in its style, size,
+  // alignment, decorations, and the oblique slant.
+  void PrepareTextPaint_(VYRRasterPaint& io_paint) const;
   void SetPaintColor_(ColorType i_type);
   float GetFillRed_() const { return _fillColor[eRed]; }
   float GetFillGreen_() const { return _fillColor[eGreen]; }

@@ -20,6 +20,7 @@
 #include "VYR3x3Matrix.h"
 #include "VYR2DGSkiaDrawing.h"
 #include "VYR2DGSkiaSupport.h"
+#include "VYRUnicodeString.h"
 
 namespace fs = std::filesystem;
 using nlohmann::json;
@@ -74,7 +75,7 @@ Limits LimitsOf(const fs::path& i_folder, const std::string& i_scene) {
 
 // Ops of drawing features this engine does not provide yet.
 const std::set<std::string>& UnavailableOps() {
-  static const std::set<std::string> ops{"linearGradient", "radialGradient", "pattern", "font", "text", "saveLayer"};
+  static const std::set<std::string> ops{"linearGradient", "radialGradient", "pattern", "saveLayer"};
   return ops;
 }
 
@@ -142,7 +143,7 @@ class SceneReplayer {
       for (const json& pathOp : i_op.at("path")) Play(pathOp);
       _drawing.ApplyClip();
       _drawing.SetBuildingClipPath(false);
-    } else if (!PlayPathOp(op, i_op) && !PlayShape(op, i_op)) {
+    } else if (!PlayPathOp(op, i_op) && !PlayShape(op, i_op) && !PlayText(op, i_op)) {
       ADD_FAILURE() << "unknown op " << op;
     }
   }
@@ -200,6 +201,23 @@ class SceneReplayer {
       _drawing.DrawPolyline(Points(i_op.at("points")));
     } else {
       _drawing.DrawPolygon(Points(i_op.at("points")));
+    }
+    return true;
+  }
+
+  bool PlayText(const std::string& op, const json& i_op) {
+    if (op == "font") {
+      _drawing.SetFont(VYRUnicodeString("DejaVu Sans"));
+      _drawing.SetTextHeight(i_op.at("size"));
+      _drawing.SetTextWeight(i_op.value("bold", false) ? eTextWeightBold : eTextWeightNormal);
+      _drawing.SetTextStyleFlags(i_op.value("italic", false) ? eTextStyleItalic : 0);
+      _drawing.SetTextAlign(static_cast<VYR2DGTextAlign>(i_op.value("align", 0)));
+    } else if (op == "text") {
+      _drawing.SetFillMode(static_cast<VYRPrintFillMode>(i_op.value("fillMode", 1)));
+      _drawing.SetStrokeMode(static_cast<VYRPrintEdgeMode>(i_op.value("strokeMode", 0)));
+      _drawing.DrawTextW(Point(i_op.at("p")), VYRUnicodeString(i_op.at("text").get<std::string>()), false);
+    } else {
+      return false;
     }
     return true;
   }
