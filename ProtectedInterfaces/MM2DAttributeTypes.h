@@ -16,4 +16,26 @@ enum GradientType : int {
   GradientRadial = 2,
 };
 
+// Coordinate system of gradient, pattern, mask and filter geometry.
+enum UnitType : int {
+  UnitUnknown = 0,
+  UnitUserSpaceOnUse = 1,
+  UnitObjectBoundingBox = 2,
+};
+
+// Kind of a colour-matrix filter effect.
+enum ColorMatrixType : int {
+  ColorMatrixUnknown = 0,
+  ColorMatrixMatrix = 1,
+  ColorMatrixSaturate = 2,
+  ColorMatrixHueRotate = 3,
+  ColorMatrixLuminanceToAlpha = 4,
+};
+
+// Coordinates of a path command: absolute (upper-case command) or relative (lower-case).
+enum PathCoordMode : int {
+  PathCoordAbsolute = 0,
+  PathCoordRelative = 1,
+};
+
 }  // namespace MM2D

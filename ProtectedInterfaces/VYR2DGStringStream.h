@@ -5,6 +5,7 @@
 #include "VYRStatus.h"
 
 class VYRUnicodeString;
+struct VYRFileData;
 
 // The in-memory byte stream: a growable buffer with one cursor for writing
 // and reading, which can be saved to a file and loaded back.
@@ -63,6 +64,10 @@ class VYR_EXPORT VYR2DGStringStream : public VYRI2DGStream {
  private:
   struct SharedBlock;
 
+  template <class T>
+  void WriteValue(T i_value);
+  template <class T>
+  void ReadValue(T& o_value);
   // Writes w bytes taken from up to two pieces (a counted string is its length, then its bytes).
   void Write(const void* i_first, int i_firstLength, const void* i_second = nullptr, int i_secondLength = 0);
   // Copies w bytes to the destination, or zeroes it and fails when they are not there.
@@ -72,6 +77,8 @@ class VYR_EXPORT VYR2DGStringStream : public VYRI2DGStream {
   // Takes the given bytes as the stream's whole readable content.
   long AdoptForReading(SharedBlock* ipBlock, int i_length);
   void ReleaseBlock();
+  // Reads exactly i_count bytes of an open file into a new block.
+  VYRStatus ReadBlock(VYRFileData* ipFile, int i_count, SharedBlock*& opBlock);
 
   SharedBlock* _pBlock = nullptr;  // owner of _pBuffer, shared by shallow copies
   char* _pBuffer = nullptr;

@@ -100,6 +100,31 @@ TEST(DrawingShapes, HairlineIsOnePixelWide) {
   EXPECT_EQ(s.Pixel(20, 12), 0u);
 }
 
+// A hairline lays one pixel of ink per step across the two nearest pixels, and a
+// stroke narrower than a pixel is such a line faded by its width.
+TEST(DrawingShapes, HairlinesSplitTheirInkBetweenNeighboursAndThinStrokesFade) {
+  OverSurface s;
+  s.Stroke(255, 0, 0, 0.0f);
+  s.drawing.DrawLine({5.0f, 10.5f}, {35.0f, 10.5f});  // on the row's centre: all in row 10
+  EXPECT_EQ(Surface::Alpha(s.Pixel(20, 10)), 255u);
+  EXPECT_EQ(Surface::Alpha(s.Pixel(20, 9)) + Surface::Alpha(s.Pixel(20, 11)), 0u);
+  s.drawing.DrawLine({5.0f, 20.25f}, {35.0f, 20.25f});  // a quarter pixel above the centre of row 20
+  EXPECT_NEAR(Surface::Alpha(s.Pixel(20, 20)), 191, 1);
+  EXPECT_NEAR(Surface::Alpha(s.Pixel(20, 19)), 64, 1);
+  s.drawing.DrawLine({2.0f, 25.0f}, {32.0f, 35.0f});  // slanted: one pixel of ink per column
+  for (int x = 5; x < 30; ++x) {
+    unsigned ink = 0;
+    for (int y = 24; y < 37; ++y) ink += Surface::Alpha(s.Pixel(x, y));
+    EXPECT_NEAR(ink, 255u, 2u) << "column " << x;
+  }
+
+  OverSurface thin;
+  thin.Stroke(255, 0, 0, 0.5f);
+  thin.drawing.DrawLine({10.25f, 2.0f}, {10.25f, 30.0f});
+  EXPECT_NEAR(Surface::Alpha(thin.Pixel(9, 15)), 31, 2);
+  EXPECT_NEAR(Surface::Alpha(thin.Pixel(10, 15)), 95, 2);
+}
+
 TEST(DrawingShapes, DashesStartWithADash) {
   OverSurface s;
   s.Stroke(255, 0, 0, 2.0f);

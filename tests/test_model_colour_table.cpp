@@ -133,3 +133,16 @@ TEST(ColourTable, DamagedRecordsGiveAnEmptyTable) {
     EXPECT_EQ(index, 0u);
   }
 }
+
+TEST(ColourTable, EveryTruncationGivesAnEmptyTable) {
+  std::vector<uint8_t> bytes = Hex("05 00 00 00  00 01 00 00  02 00 00 00  11 22 33 44 55 66");
+  for (size_t length = 4; length < bytes.size(); ++length) {
+    AssertionCapture capture;
+    VYR2DGStringStream reader = ReadingStream(std::vector<uint8_t>(bytes.begin(), bytes.begin() + length));
+    VYRPrtColourTable table;
+    UnstreamAfterTag(table, reader);
+    int count = -1;
+    table.GetColourCount(count);
+    EXPECT_EQ(count, 0) << length;
+  }
+}

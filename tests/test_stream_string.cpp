@@ -295,3 +295,20 @@ TEST(StringStream, ShallowCopiesShareOneBufferFreedOnce) {
   EXPECT_NE(writer.GetBuffer(), sibling.GetBuffer());
   EXPECT_EQ(StreamBytes(sibling), Hex("01 00 00 00"));
 }
+
+TEST(StringStream, LargeFileLoadsWhole) {
+  VYR2DGStringStream stream;
+  for (int i = 0; i < 50000; ++i) stream.Stream(i);  // 200000 bytes: several load chunks
+  std::string path = TempPath("large.bin");
+  EXPECT_EQ(stream.SaveInFile(path.c_str()), 0);
+  VYR2DGStringStream loaded;
+  EXPECT_EQ(loaded.LoadFile(path.c_str()), 0);
+  EXPECT_EQ(StreamBytes(loaded), StreamBytes(stream));
+
+  std::vector<uint8_t> cut = ReadFile(path);
+  cut.resize(cut.size() - 1);  // one byte short of the declared length
+  WriteFile(path, cut);
+  EXPECT_LT(loaded.LoadFile(path.c_str()), 0);
+  EXPECT_EQ(loaded.GetReadableBytesLeft(), 0);
+  std::remove(path.c_str());
+}

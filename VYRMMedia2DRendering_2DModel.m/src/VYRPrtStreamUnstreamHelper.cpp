@@ -1,8 +1,7 @@
-#include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRAssert.h"
 
 #include <new>
 
-#include "VYRAssert.h"
 #include "VYRI2DGStream.h"
 #include "VYRPixelImage.h"
 #include "VYRPixelImagePNG.h"
@@ -10,12 +9,48 @@
 #include "VYRPrintGradientLinear.h"
 #include "VYRPrintGradientRadial.h"
 #include "VYRPrintGradientStop.h"
+#include "VYRPrtBitmapImageElt.h"
+#include "VYRPrtCircleElt.h"
+#include "VYRPrtCircularArcElt.h"
 #include "VYRPrtClipPathElt.h"
+#include "VYRPrtClosedFigureElt.h"
+#include "VYRPrtClosedFigureRegionElt.h"
 #include "VYRPrtColourTable.h"
+#include "VYRPrtDefsElt.h"
+#include "VYRPrtDisjointPolylineElt.h"
+#include "VYRPrtEllipseElt.h"
+#include "VYRPrtEllipticalArcElt.h"
 #include "VYRPrtEltFactory.h"
+#include "VYRPrtFilterColorAttribute.h"
 #include "VYRPrtFilterContainerElt.h"
+#include "VYRPrtFilterBlendElt.h"
+#include "VYRPrtFilterColorMatrixElt.h"
+#include "VYRPrtFilterGaussianBlurElt.h"
+#include "VYRPrtFilterMergeElt.h"
+#include "VYRPrtFilterMergeNodeElt.h"
+#include "VYRPrtFilterOffsetElt.h"
+#include "VYRPrtGradientStopElt.h"
+#include "VYRPrtLinearGradientElt.h"
+#include "VYRPrtMarkerElt.h"
+#include "VYRPrtPatternElt.h"
+#include "VYRPrtRadialGradientElt.h"
 #include "VYRPrtGraphicPrimitiveElt.h"
+#include "VYRPrtGroupElt.h"
+#include "VYRPrtImageElt.h"
+#include "VYRPrtLineElt.h"
 #include "VYRPrtMaskElt.h"
+#include "VYRPrtNURBSElt.h"
+#include "VYRPrtPathElt.h"
+#include "VYRPrtPolyCubicBezierElt.h"
+#include "VYRPrtPolyPolygonElt.h"
+#include "VYRPrtPolyQuadraticBezierElt.h"
+#include "VYRPrtPolygonElt.h"
+#include "VYRPrtPolylineElt.h"
+#include "VYRPrtRectangleElt.h"
+#include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRPrtSwitchElt.h"
+#include "VYRPrtSymbolElt.h"
+#include "VYRPrtTextElt.h"
 #include "VYRRawColldouble.h"
 #include "VYRUnicodeString.h"
 
@@ -141,44 +176,74 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateElementOfType(int i
       return MakeElement<VYRPrtMaskElt>();
     case kStreamTypeFilterContainerElt:
       return MakeElement<VYRPrtFilterContainerElt>();
-
-    // Creatable tags whose element classes are not written yet: each gets its
-    // MakeElement<Class>() here when its class arrives.
-    case kStreamTypeRectangleElt:             // VYRPrtRectangleElt
-    case kStreamTypeImageElt:                 // VYRPrtImageElt
-    case kStreamTypeFilterColorMatrixElt:     // VYRPrtFilterColorMatrixElt
-    case kStreamTypeFilterBlendElt:           // VYRPrtFilterBlendElt
-    case kStreamTypeFilterGaussianBlurElt:    // VYRPrtFilterGaussianBlurElt
-    case kStreamTypeFilterOffsetElt:          // VYRPrtFilterOffsetElt
-    case kStreamTypeFilterMergeElt:           // VYRPrtFilterMergeElt
-    case kStreamTypeFilterMergeNodeElt:       // VYRPrtFilterMergeNodeElt
-    case kStreamTypeCircleElt:                // VYRPrtCircleElt
-    case kStreamTypeCircularArcElt:           // VYRPrtCircularArcElt
-    case kStreamTypeClosedFigureElt:          // VYRPrtClosedFigureElt
-    case kStreamTypeClosedFigureRegionElt:    // VYRPrtClosedFigureRegionElt
-    case kStreamTypeDisjointPolylineElt:      // VYRPrtDisjointPolylineElt
-    case kStreamTypeEllipseElt:               // VYRPrtEllipseElt
-    case kStreamTypeEllipticalArcElt:         // VYRPrtEllipticalArcElt
-    case kStreamTypeGroupElt:                 // VYRPrtGroupElt
-    case kStreamTypeGradientStopElt:          // VYRPrtGradientStopElt
-    case kStreamTypeLinearGradientElt:        // VYRPrtLinearGradientElt
-    case kStreamTypeLineElt:                  // VYRPrtLineElt
-    case kStreamTypeMarkerElt:                // VYRPrtMarkerElt
-    case kStreamTypeNURBSElt:                 // VYRPrtNURBSElt
-    case kStreamTypePathElt:                  // VYRPrtPathElt
-    case kStreamTypePatternElt:               // VYRPrtPatternElt
-    case kStreamTypePolyCubicBezierElt:       // VYRPrtPolyCubicBezierElt
-    case kStreamTypePolygonElt:               // VYRPrtPolygonElt
-    case kStreamTypePolylineElt:              // VYRPrtPolylineElt
-    case kStreamTypePolyPolygonElt:           // VYRPrtPolyPolygonElt
-    case kStreamTypePolyQuadraticBezierElt:   // VYRPrtPolyQuadraticBezierElt
-    case kStreamTypeRadialGradientElt:        // VYRPrtRadialGradientElt
-    case kStreamTypeSwitchElt:                // VYRPrtSwitchElt
-    case kStreamTypeSymbolElt:                // VYRPrtSymbolElt
-    case kStreamTypeBitmapImageElt:           // VYRPrtBitmapImageElt
-    case kStreamTypeDefsElt:                  // VYRPrtDefsElt
-    case kStreamTypeTextElt:                  // VYRPrtTextElt
-      return nullptr;
+    case kStreamTypeFilterColorMatrixElt:
+      return MakeElement<VYRPrtFilterColorMatrixElt>();
+    case kStreamTypeFilterBlendElt:
+      return MakeElement<VYRPrtFilterBlendElt>();
+    case kStreamTypeFilterGaussianBlurElt:
+      return MakeElement<VYRPrtFilterGaussianBlurElt>();
+    case kStreamTypeFilterOffsetElt:
+      return MakeElement<VYRPrtFilterOffsetElt>();
+    case kStreamTypeFilterMergeElt:
+      return MakeElement<VYRPrtFilterMergeElt>();
+    case kStreamTypeFilterMergeNodeElt:
+      return MakeElement<VYRPrtFilterMergeNodeElt>();
+    case kStreamTypeGradientStopElt:
+      return MakeElement<VYRPrtGradientStopElt>();
+    case kStreamTypeLinearGradientElt:
+      return MakeElement<VYRPrtLinearGradientElt>();
+    case kStreamTypeMarkerElt:
+      return MakeElement<VYRPrtMarkerElt>();
+    case kStreamTypePatternElt:
+      return MakeElement<VYRPrtPatternElt>();
+    case kStreamTypeRadialGradientElt:
+      return MakeElement<VYRPrtRadialGradientElt>();
+    case kStreamTypeDefsElt:
+      return MakeElement<VYRPrtDefsElt>();
+    case kStreamTypeSymbolElt:
+      return MakeElement<VYRPrtSymbolElt>();
+    case kStreamTypeSwitchElt:
+      return MakeElement<VYRPrtSwitchElt>();
+    case kStreamTypeGroupElt:
+      return MakeElement<VYRPrtGroupElt>();
+    case kStreamTypeBitmapImageElt:
+      return MakeElement<VYRPrtBitmapImageElt>();
+    case kStreamTypeClosedFigureRegionElt:
+      return MakeElement<VYRPrtClosedFigureRegionElt>();
+    case kStreamTypeClosedFigureElt:
+      return MakeElement<VYRPrtClosedFigureElt>();
+    case kStreamTypeImageElt:
+      return MakeElement<VYRPrtImageElt>();
+    case kStreamTypeRectangleElt:
+      return MakeElement<VYRPrtRectangleElt>();
+    case kStreamTypeCircleElt:
+      return MakeElement<VYRPrtCircleElt>();
+    case kStreamTypeCircularArcElt:
+      return MakeElement<VYRPrtCircularArcElt>();
+    case kStreamTypeEllipseElt:
+      return MakeElement<VYRPrtEllipseElt>();
+    case kStreamTypeEllipticalArcElt:
+      return MakeElement<VYRPrtEllipticalArcElt>();
+    case kStreamTypeLineElt:
+      return MakeElement<VYRPrtLineElt>();
+    case kStreamTypePathElt:
+      return MakeElement<VYRPrtPathElt>();
+    case kStreamTypeTextElt:
+      return MakeElement<VYRPrtTextElt>();
+    case kStreamTypeDisjointPolylineElt:
+      return MakeElement<VYRPrtDisjointPolylineElt>();
+    case kStreamTypeNURBSElt:
+      return MakeElement<VYRPrtNURBSElt>();
+    case kStreamTypePolyCubicBezierElt:
+      return MakeElement<VYRPrtPolyCubicBezierElt>();
+    case kStreamTypePolygonElt:
+      return MakeElement<VYRPrtPolygonElt>();
+    case kStreamTypePolylineElt:
+      return MakeElement<VYRPrtPolylineElt>();
+    case kStreamTypePolyPolygonElt:
+      return MakeElement<VYRPrtPolyPolygonElt>();
+    case kStreamTypePolyQuadraticBezierElt:
+      return MakeElement<VYRPrtPolyQuadraticBezierElt>();
 
     // Abstract classes are never created; 0 is the null element.
     case kStreamTypeNull:
@@ -254,17 +319,19 @@ VYRPrtFilterColorAttribute* VYRPrtStreamUnstreamHelper::CreateVYRPrtFilterColorA
   int tag = 0;
   ipStream->Unstream(tag);
   if (tag != kFilterColorAttributeTag) return nullptr;
-  // The filter colour attribute class is not written yet: once it is, make
-  // one here and let it read its fields. Until then its record cannot be read.
-  return nullptr;
+  auto* pAttribute = new (std::nothrow) VYRPrtFilterColorAttribute();
+  if (pAttribute) pAttribute->Unstream(ipStream);
+  return pAttribute;
 }
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRPrtFilterColorAttribute(VYRPrtFilterColorAttribute* ipAttribute,
                                                                      VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  // Not written yet (see above): only the null form exists so far.
-  (void)ipAttribute;
-  ipStream->Stream(0);
+  if (!ipAttribute) {
+    ipStream->Stream(0);
+    return;
+  }
+  ipAttribute->Stream(ipStream);
 }
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRPixelImage(VYRPixelImage* ipImage, VYRI2DGStream* ipStream) {

@@ -1,11 +1,12 @@
 #include "VYR2DGStringStream.h"
 
+#include <algorithm>
 #include <climits>
-#include <cstdio>
 #include <cstring>
 #include <new>
 
 #include "VYRAssert.h"
+#include "VYRFile.h"
 #include "VYRUnicodeString.h"
 
 namespace {
@@ -13,20 +14,9 @@ namespace {
 constexpr int kInitialCapacity = 2048;
 constexpr int kLengthBytes = 4;
 
-// The stream's file access, kept to this file.
-FILE* OpenFile(const VYRUnicodeString& i_path, const char* i_mode) {
-  return std::fopen(i_path.CastToCharPtr(), i_mode);
-}
-
-long CloseFile(FILE* ipFile) { return std::fclose(ipFile) == 0 ? VYR_S_OK : VYR_E_FAIL; }
-
-// Bytes in an open file, or -1 when it cannot be told.
-long long FileLength(FILE* ipFile) {
-  if (std::fseek(ipFile, 0, SEEK_END) != 0) return -1;
-  long length = std::ftell(ipFile);
-  if (std::fseek(ipFile, 0, SEEK_SET) != 0) return -1;
-  return length;
-}
+// Loaded bytes arrive in chunks, so that a declared length beyond the file
+// never reserves more than the file holds plus one chunk.
+constexpr int kLoadChunk = 1 << 16;
 
 }  // namespace
 
@@ -94,12 +84,34 @@ void VYR2DGStringStream::ReleaseBlock() {
   _pBuffer = nullptr;
 }
 
-void VYR2DGStringStream::Stream(float i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(double i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(unsigned int i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(int i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(unsigned char i_value) { Write(&i_value, sizeof i_value); }
-void VYR2DGStringStream::Stream(char i_value) { Write(&i_value, sizeof i_value); }
+// Fixed-size values take a fast path when they fit; the general routines handle growth and failures.
+template <class T>
+inline void VYR2DGStringStream::WriteValue(T i_value) {
+  if (_size + static_cast<long long>(sizeof(T)) < _capacity) {
+    std::memcpy(_pCursor, &i_value, sizeof(T));
+    _pCursor += sizeof(T);
+    _size += static_cast<int>(sizeof(T));
+    return;
+  }
+  Write(&i_value, sizeof(T));
+}
+
+template <class T>
+inline void VYR2DGStringStream::ReadValue(T& o_value) {
+  if (!_failed && _pCursor && _size - (_pCursor - _pBuffer) >= static_cast<long long>(sizeof(T))) {
+    std::memcpy(&o_value, _pCursor, sizeof(T));
+    _pCursor += sizeof(T);
+    return;
+  }
+  Read(&o_value, sizeof(T));
+}
+
+void VYR2DGStringStream::Stream(float i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(double i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(unsigned int i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(int i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(unsigned char i_value) { WriteValue(i_value); }
+void VYR2DGStringStream::Stream(char i_value) { WriteValue(i_value); }
 
 void VYR2DGStringStream::Stream(const char* i_bytes, int i_length) {
   if (i_length <= 0) {
@@ -110,12 +122,12 @@ void VYR2DGStringStream::Stream(const char* i_bytes, int i_length) {
   Write(&i_length, kLengthBytes, i_bytes, i_length);
 }
 
-void VYR2DGStringStream::Unstream(float& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(double& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(unsigned int& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(int& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(unsigned char& o_value) { Read(&o_value, sizeof o_value); }
-void VYR2DGStringStream::Unstream(char& o_value) { Read(&o_value, sizeof o_value); }
+void VYR2DGStringStream::Unstream(float& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(double& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(unsigned int& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(int& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(unsigned char& o_value) { ReadValue(o_value); }
+void VYR2DGStringStream::Unstream(char& o_value) { ReadValue(o_value); }
 
 char* VYR2DGStringStream::Unstream(bool i_zeroTerminated) {
   char* pLengthStart = _pCursor;
@@ -226,37 +238,62 @@ long VYR2DGStringStream::LoadBuffer(const char* i_bytes, int i_length) {
 }
 
 long VYR2DGStringStream::SaveInFile(const VYRUnicodeString& i_path) {
-  FILE* pFile = OpenFile(i_path, "wb");
-  if (!pFile) return VYR_E_ACCESSDENIED;
+  VYRFileHandle pFile = nullptr;
+  VYRStatus opened = VYRFileOpen(i_path, "wb", pFile);
+  if (VYRFailed(opened)) return opened;
   int size = _size;
-  bool written = std::fwrite(&size, kLengthBytes, 1, pFile) == 1 &&
-                 (size == 0 || std::fwrite(_pBuffer, static_cast<size_t>(size), 1, pFile) == 1);
-  long closed = CloseFile(pFile);
-  return written ? closed : VYR_E_FAIL;
+  size_t written = 0;
+  bool complete = VYRFileWrite(pFile, &size, kLengthBytes, written) == VYR_S_OK &&
+                  (size == 0 || VYRFileWrite(pFile, _pBuffer, static_cast<size_t>(size), written) == VYR_S_OK);
+  VYRStatus closed = VYRFileClose(pFile);
+  return complete ? closed : VYR_E_FAIL;
 }
 
 long VYR2DGStringStream::LoadFile(const VYRUnicodeString& i_path) {
   // Whatever goes wrong, the stream then reads nothing.
   _pCursor = _pBuffer + _size;
-  FILE* pFile = OpenFile(i_path, "rb");
-  if (!pFile) return VYR_E_FILENOTFOUND;
-  long long fileLength = FileLength(pFile);
+  VYRFileHandle pFile = nullptr;
+  VYRStatus opened = VYRFileOpen(i_path, "rb", pFile);
+  if (VYRFailed(opened)) return opened;
   int count = 0;
-  if (fileLength < kLengthBytes || std::fread(&count, kLengthBytes, 1, pFile) != 1 || count < 0 ||
-      count > fileLength - kLengthBytes) {
-    CloseFile(pFile);
-    return VYR_E_FAIL;
-  }
-  SharedBlock* pBlock = SharedBlock::Create(count);
-  if (!VYR_CHECK_POINTER(pBlock)) {
-    CloseFile(pFile);
-    return VYR_E_OUTOFMEMORY;
-  }
-  if (count > 0 && std::fread(pBlock->pBytes, static_cast<size_t>(count), 1, pFile) != 1) {
-    pBlock->Release();
-    CloseFile(pFile);
-    return VYR_E_FAIL;
+  size_t bytesRead = 0;
+  SharedBlock* pBlock = nullptr;
+  VYRStatus status = VYRFileRead(pFile, &count, kLengthBytes, bytesRead);
+  if (status == VYR_S_OK) status = VYR_CHECK_CONDITION(count >= 0) ? ReadBlock(pFile, count, pBlock) : VYR_E_FAIL;
+  if (status != VYR_S_OK) {
+    VYRFileClose(pFile);
+    return VYRFailed(status) ? status : VYR_E_FAIL;  // an early end of file is a failure too
   }
   AdoptForReading(pBlock, count);
-  return CloseFile(pFile);
+  return VYRFileClose(pFile);
+}
+
+VYRStatus VYR2DGStringStream::ReadBlock(VYRFileData* ipFile, int i_count, SharedBlock*& opBlock) {
+  opBlock = nullptr;
+  SharedBlock* pBlock = SharedBlock::Create(0);
+  if (!VYR_CHECK_POINTER(pBlock)) return VYR_E_OUTOFMEMORY;
+  int held = 0, reserved = 0;
+  while (held < i_count) {
+    if (held == reserved) {
+      int next = reserved >= i_count / 2 ? i_count : std::max(kLoadChunk, 2 * reserved);
+      SharedBlock* pLarger = SharedBlock::Create(std::min(next, i_count));
+      if (!VYR_CHECK_POINTER(pLarger)) {
+        pBlock->Release();
+        return VYR_E_OUTOFMEMORY;
+      }
+      if (held > 0) std::memcpy(pLarger->pBytes, pBlock->pBytes, static_cast<size_t>(held));
+      pBlock->Release();
+      pBlock = pLarger;
+      reserved = std::min(next, i_count);
+    }
+    size_t bytesRead = 0;
+    VYRStatus status = VYRFileRead(ipFile, pBlock->pBytes + held, static_cast<size_t>(reserved - held), bytesRead);
+    held += static_cast<int>(bytesRead);
+    if (status != VYR_S_OK && held < i_count) {
+      pBlock->Release();
+      return status;
+    }
+  }
+  opBlock = pBlock;
+  return VYR_S_OK;
 }

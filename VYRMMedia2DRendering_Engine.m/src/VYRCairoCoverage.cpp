@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "VYRAssert.h"
+
 namespace {
 // Cairo keeps coordinates in 24.8 fixed point: points farther out would wrap around. Clamping
 // them this far outside any device keeps axis-aligned edges exact and slanted ones close.
@@ -21,14 +23,14 @@ double StrokeReach(const VYRRasterCoverage::Stroke& i_stroke, const VYRRasterMat
 }
 }  // namespace
 
-VYRRasterCoverage* VYRRasterCoverage::Create() { return new VYRCairoCoverage(); }
+
 
 cairo_t* VYRCairoCoverage::beginMask(const VYRRasterIRect& i_bounds, bool i_antiAlias, VYRRasterMask* o_mask) {
+  // Cairo draws straight into the mask: its rows are padded to Cairo's A8 stride.
   o_mask->allocate(i_bounds, 0);
-  const int stride = cairo_format_stride_for_width(CAIRO_FORMAT_A8, i_bounds.width());
-  _scratch.assign(static_cast<size_t>(stride) * static_cast<size_t>(i_bounds.height()), 0);
-  cairo_surface_t* surface = cairo_image_surface_create_for_data(_scratch.data(), CAIRO_FORMAT_A8, i_bounds.width(),
-                                                                 i_bounds.height(), stride);
+  VYR_CHECK_CONDITION(cairo_format_stride_for_width(CAIRO_FORMAT_A8, i_bounds.width()) == o_mask->rowBytes());
+  cairo_surface_t* surface = cairo_image_surface_create_for_data(o_mask->alpha.data(), CAIRO_FORMAT_A8,
+                                                                 i_bounds.width(), i_bounds.height(), o_mask->rowBytes());
   cairo_t* cr = cairo_create(surface);
   cairo_surface_destroy(surface);  // the context holds its own reference
   cairo_set_antialias(cr, i_antiAlias ? CAIRO_ANTIALIAS_GRAY : CAIRO_ANTIALIAS_NONE);
@@ -38,19 +40,10 @@ cairo_t* VYRCairoCoverage::beginMask(const VYRRasterIRect& i_bounds, bool i_anti
 }
 
 void VYRCairoCoverage::endMask(cairo_t* ipCairo, VYRRasterMask* o_mask) {
-  cairo_surface_t* surface = cairo_get_target(ipCairo);
-  cairo_surface_flush(surface);
-  const int stride = cairo_image_surface_get_stride(surface);
+  cairo_surface_flush(cairo_get_target(ipCairo));
   const bool ok = cairo_status(ipCairo) == CAIRO_STATUS_SUCCESS;
   cairo_destroy(ipCairo);
-  if (!ok) {
-    *o_mask = VYRRasterMask();
-    return;
-  }
-  const int width = o_mask->bounds.width();
-  for (int y = o_mask->bounds.top; y < o_mask->bounds.bottom; ++y)
-    std::memcpy(o_mask->row(y), _scratch.data() + static_cast<size_t>(y - o_mask->bounds.top) * stride,
-                static_cast<size_t>(width));
+  if (!ok) *o_mask = VYRRasterMask();
 }
 
 void VYRCairoCoverage::appendPath(cairo_t* ipCairo, const VYRRasterPath& i_path) {

@@ -6,7 +6,7 @@
 
 // Scan conversion by Cairo: paths are drawn with the ADD operator onto an A8 image surface
 // made over the mask's own buffer, curves flattened at a tolerance of 0.1 device pixel.
-class VYRCairoCoverage : public VYRRasterCoverage {
+class VYR_EXPORT VYRCairoCoverage : public VYRRasterCoverage {
  public:
   bool FillPath(const VYRRasterPath& i_devicePath, bool i_antiAlias, const VYRRasterIRect& i_clip,
                 VYRRasterMask* o_mask) override;
@@ -18,6 +18,4 @@ class VYRCairoCoverage : public VYRRasterCoverage {
   cairo_t* beginMask(const VYRRasterIRect& i_bounds, bool i_antiAlias, VYRRasterMask* o_mask);
   void endMask(cairo_t* ipCairo, VYRRasterMask* o_mask);
   static void appendPath(cairo_t* ipCairo, const VYRRasterPath& i_path);
-
-  std::vector<uint8_t> _scratch;  // Cairo needs 4-byte aligned rows; masks are packed
 };

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "VYRAssert.h"
+#include "VYRRasterHairline.h"
 
 VYR_IMPLEMENT_CLASS(VYRRasterCanvas, VYRBaseUnknown, "Engine")
 
@@ -281,9 +283,13 @@ void VYRRasterCanvas::drawShape(const VYRRasterPath& i_path, const VYRRasterPain
       if (stroke.width > 0) coverageScale = 0.5f * (len1 + len2);
       VYRRasterPath device;
       stroked->transform(_matrix, &device);
-      stroke.width = 1.0f;
-      stroke.join = VYRRasterPaint::kBevel_Join;
-      _pCoverage->StrokePath(device, VYRRasterMatrix(), stroke, i_paint.isAntiAlias(), clipBounds, &strokeCoverage);
+      if (i_paint.isAntiAlias()) {
+        VYRRasterHairline::Rasterize(device, clipBounds, &strokeCoverage);
+      } else {
+        stroke.width = 1.0f;
+        stroke.join = VYRRasterPaint::kBevel_Join;
+        _pCoverage->StrokePath(device, VYRRasterMatrix(), stroke, false, clipBounds, &strokeCoverage);
+      }
     } else {
       _pCoverage->StrokePath(*stroked, _matrix, stroke, i_paint.isAntiAlias(), clipBounds, &strokeCoverage);
     }
@@ -293,7 +299,7 @@ void VYRRasterCanvas::drawShape(const VYRRasterPath& i_path, const VYRRasterPain
       for (uint8_t& v : strokeCoverage.alpha) v = Mul255(v, k);
       coverageScale = 1.0f;
     }
-    coverage = UnionMasks(coverage, strokeCoverage);
+    coverage = coverage.isEmpty() ? std::move(strokeCoverage) : UnionMasks(coverage, strokeCoverage);
   }
   if (inverse && style == VYRRasterPaint::kFill_Style) coverage = InvertMask(coverage, clipBounds);
   if (coverage.isEmpty()) return;

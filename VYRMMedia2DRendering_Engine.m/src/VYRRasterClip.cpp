@@ -155,7 +155,9 @@ void VYRRasterClip::shrinkToFit() {
   _mask = std::move(trimmed);
   _bounds = used;
   // A trimmed mask may now be all 255 (a rectangle after difference).
-  for (uint8_t v : _mask.alpha)
-    if (v != 255) return;
+  for (int y = _bounds.top; y < _bounds.bottom; ++y) {
+    const uint8_t* row = _mask.row(y);
+    if (std::any_of(row, row + _bounds.width(), [](uint8_t v) { return v != 255; })) return;
+  }
   setRect(_bounds);
 }

@@ -1,0 +1,3 @@
+#include "VYRPrintInputXMLElement.h"
+
+VYR_IMPLEMENT_CLASS(VYRPrintInputXMLElement, VYRPrintInput, "Multimedia2DRendering")
