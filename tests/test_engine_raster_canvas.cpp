@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -239,6 +240,30 @@ TEST(RasterCanvas, AntiAliasedClipPathFadesItsEdge) {
   EXPECT_LT(edge, 255);
 }
 
+// Rows lying wholly inside a clip mask skip its coverage; others multiply the two coverages.
+TEST(RasterCanvas, ShapesUnderAClipMaskGetBothCoveragesOnEveryRow) {
+  VYRRasterPath circle;
+  circle.addCircle(30, 30, 25);
+  VYRRasterPath triangle;
+  triangle.moveTo(10.5f, 2);
+  triangle.lineTo(52, 40.5f);
+  triangle.lineTo(3, 57.25f);
+  triangle.close();
+  Surface clipped(60, 60), clipAlone(60, 60), shapeAlone(60, 60);
+  clipped.canvas->clipPath(circle, VYRRasterCanvas::kIntersect_Op, true);
+  clipped.canvas->drawPath(triangle, Paint(0xFF000000));
+  clipAlone.canvas->drawPath(circle, Paint(0xFF000000));
+  shapeAlone.canvas->drawPath(triangle, Paint(0xFF000000));
+  int inside = 0;
+  for (int y = 0; y < 60; ++y)
+    for (int x = 0; x < 60; ++x) {
+      const int expected = (clipAlone.alphaAt(x, y) * shapeAlone.alphaAt(x, y) + 127) / 255;
+      ASSERT_NEAR(clipped.alphaAt(x, y), expected, 1) << x << "," << y;
+      inside += clipAlone.alphaAt(x, y) == 255 && shapeAlone.alphaAt(x, y) == 255;
+    }
+  EXPECT_GT(inside, 300);
+}
+
 TEST(RasterCanvas, HugeAndNotANumberCoordinatesStayInsideTheBitmap) {
   // Guard pixels around the bitmap: one row before and after must not change.
   const int w = 16, h = 16;
@@ -268,6 +293,22 @@ TEST(RasterCanvas, HugeAndNotANumberCoordinatesStayInsideTheBitmap) {
   }
   canvas->Release();
   device->Release();
+}
+
+TEST(RasterCanvas, EraseFillsEveryPixelPremultipliedAndLeavesRowPaddingAlone) {
+  std::vector<uint32_t> memory(4 * 2, 0xABABABABu);
+  VYRRasterBitmap bitmap;
+  ASSERT_TRUE(bitmap.setConfig(3, 2, 16));
+  bitmap.setPixels(memory.data());
+  for (auto [a, r, g, b, expected] : {std::array<uint32_t, 5>{0, 0, 0, 0, 0x00000000u},
+                                      std::array<uint32_t, 5>{255, 255, 255, 255, 0xFFFFFFFFu},
+                                      std::array<uint32_t, 5>{128, 255, 0, 0, 0x80800000u}}) {
+    bitmap.eraseARGB(a, r, g, b);
+    for (int y = 0; y < 2; ++y) {
+      for (int x = 0; x < 3; ++x) EXPECT_EQ(memory[y * 4 + x], expected) << x << "," << y;
+      EXPECT_EQ(memory[y * 4 + 3], 0xABABABABu);
+    }
+  }
 }
 
 TEST(RasterCanvas, BitmapRefusesBadSizes) {

@@ -161,7 +161,6 @@ unsigned char* VYR2DGSkiaSupport::GetUnmultipliedData(eBitmapType i_type) {
   const size_t pixelCount = static_cast<size_t>(_width) * static_cast<size_t>(_height);
   auto* pUMPixelData = new (std::nothrow) unsigned char[pixelCount * 4];
   if (!VYR_CHECK_POINTER(pUMPixelData)) return nullptr;
-  std::memset(pUMPixelData, 0, pixelCount * 4);
   // Rows are read as packed whatever the stride says: this surface allocates them packed.
   (void)GetDataStride(i_type);
   VYR2DGUnpremultiplyRow(pPixels, pixelCount, pUMPixelData);

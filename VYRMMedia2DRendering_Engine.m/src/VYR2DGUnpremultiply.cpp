@@ -39,9 +39,8 @@ void VYR2DGUnpremultiplyRow(const unsigned char* i_pPixels, size_t i_count, unsi
     uint32_t pixel;
     std::memcpy(&pixel, i_pPixels + 4 * i, 4);
     const uint32_t straight = VYR2DGUnpremultiplyPixel(pixel);
-    o_pRgba[4 * i + 0] = static_cast<unsigned char>(straight >> 16);
-    o_pRgba[4 * i + 1] = static_cast<unsigned char>(straight >> 8);
-    o_pRgba[4 * i + 2] = static_cast<unsigned char>(straight);
-    o_pRgba[4 * i + 3] = static_cast<unsigned char>(straight >> 24);
+    // B, G, R, A in memory becomes R, G, B, A: swap the two outer colour bytes.
+    const uint32_t rgba = (straight & 0xFF00FF00u) | ((straight >> 16) & 0xFFu) | ((straight & 0xFFu) << 16);
+    std::memcpy(o_pRgba + 4 * i, &rgba, 4);
   }
 }

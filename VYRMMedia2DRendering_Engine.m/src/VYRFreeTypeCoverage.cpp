@@ -19,40 +19,47 @@ long ToFixed(float i_value) { return std::lround(i_value * 64.0f); }
 
 struct SpanTarget {
   VYRRasterMask* mask;
+  bool covered = false;
 };
 
 void WriteSpans(int i_y, int i_count, const FT_Span* i_spans, void* i_user) {
-  VYRRasterMask* mask = static_cast<SpanTarget*>(i_user)->mask;
+  SpanTarget* target = static_cast<SpanTarget*>(i_user);
+  VYRRasterMask* mask = target->mask;
   if (i_y < mask->bounds.top || i_y >= mask->bounds.bottom) return;
   uint8_t* row = mask->row(i_y);
   for (int i = 0; i < i_count; ++i) {
     const int from = std::max<int>(i_spans[i].x, mask->bounds.left);
     const int to = std::min<int>(i_spans[i].x + i_spans[i].len, mask->bounds.right);
-    if (from < to) std::memset(row + (from - mask->bounds.left), i_spans[i].coverage, static_cast<size_t>(to - from));
+    if (from < to && i_spans[i].coverage != 0) {
+      std::memset(row + (from - mask->bounds.left), i_spans[i].coverage, static_cast<size_t>(to - from));
+      target->covered = true;
+    }
   }
 }
 
-// Whether the path is one contour whose points, control points included, turn one way only
-// and once round: such an outline never overlaps itself. FreeType adds up the coverage of
-// overlapping parts at anti-aliased edges, where a union is wanted, so only these go to it.
-bool IsConvexContour(const VYRRasterPath& i_path) {
+// The points of a path made of one contour, repeated points and the closing point dropped;
+// empty for paths of several contours.
+std::vector<VYRMathPoint2Df> SingleRing(const VYRRasterPath& i_path) {
   const std::vector<uint8_t>& verbs = i_path.verbs();
-  const std::vector<VYRMathPoint2Df>& points = i_path.points();
-  if (verbs.empty() || verbs[0] != VYRRasterPath::kMove_Verb) return false;
-  for (size_t i = 1; i < verbs.size(); ++i)
-    if (verbs[i] == VYRRasterPath::kMove_Verb) return false;
   std::vector<VYRMathPoint2Df> ring;
-  for (const VYRMathPoint2Df& p : points)
+  if (verbs.empty() || verbs[0] != VYRRasterPath::kMove_Verb) return ring;
+  for (size_t i = 1; i < verbs.size(); ++i)
+    if (verbs[i] == VYRRasterPath::kMove_Verb) return ring;
+  for (const VYRMathPoint2Df& p : i_path.points())
     if (ring.empty() || p != ring.back()) ring.push_back(p);
   while (ring.size() > 1 && ring.front() == ring.back()) ring.pop_back();
-  const size_t n = ring.size();
-  if (n < 3) return false;
+  return ring;
+}
+
+// Whether the ring's points, control points included, turn one way only and once round.
+bool IsConvexRing(const std::vector<VYRMathPoint2Df>& i_ring) {
+  const size_t n = i_ring.size();
   int sign = 0;
   double turned = 0;
   for (size_t i = 0; i < n; ++i) {
-    const VYRMathPoint2Df& a = ring[i];
-    const VYRMathPoint2Df& b = ring[(i + 1) % n];
-    const VYRMathPoint2Df& c = ring[(i + 2) % n];
+    const VYRMathPoint2Df& a = i_ring[i];
+    const VYRMathPoint2Df& b = i_ring[(i + 1) % n];
+    const VYRMathPoint2Df& c = i_ring[(i + 2) % n];
     const double ux = b.x - a.x, uy = b.y - a.y, vx = c.x - b.x, vy = c.y - b.y;
     const double cross = ux * vy - uy * vx;
     if (cross != 0) {
@@ -63,6 +70,52 @@ bool IsConvexContour(const VYRRasterPath& i_path) {
     turned += std::atan2(cross, ux * vx + uy * vy);
   }
   return std::fabs(std::fabs(turned) - 2 * M_PI) < 1e-3;
+}
+
+double Orientation(const VYRMathPoint2Df& a, const VYRMathPoint2Df& b, const VYRMathPoint2Df& c) {
+  return (double(b.x) - a.x) * (double(c.y) - a.y) - (double(b.y) - a.y) * (double(c.x) - a.x);
+}
+
+// Whether segments ab and cd meet; touching and collinear overlaps count as meeting.
+bool SegmentsMeet(const VYRMathPoint2Df& a, const VYRMathPoint2Df& b, const VYRMathPoint2Df& c,
+                  const VYRMathPoint2Df& d) {
+  const double o1 = Orientation(a, b, c), o2 = Orientation(a, b, d);
+  const double o3 = Orientation(c, d, a), o4 = Orientation(c, d, b);
+  if (((o1 > 0 && o2 < 0) || (o1 < 0 && o2 > 0)) && ((o3 > 0 && o4 < 0) || (o3 < 0 && o4 > 0))) return true;
+  auto within = [](const VYRMathPoint2Df& p, const VYRMathPoint2Df& q, const VYRMathPoint2Df& r) {
+    return std::min(p.x, q.x) <= r.x && r.x <= std::max(p.x, q.x) && std::min(p.y, q.y) <= r.y &&
+           r.y <= std::max(p.y, q.y);
+  };
+  return (o1 == 0 && within(a, b, c)) || (o2 == 0 && within(a, b, d)) || (o3 == 0 && within(c, d, a)) ||
+         (o4 == 0 && within(c, d, b));
+}
+
+// Whether a ring of straight edges never crosses or touches itself. Checked pair by pair,
+// so only short rings are worth it.
+bool IsSimplePolygon(const std::vector<VYRMathPoint2Df>& i_ring) {
+  const size_t n = i_ring.size();
+  if (n > 32) return false;
+  for (size_t i = 0; i < n; ++i)
+    for (size_t j = i + 2; j < n; ++j) {
+      if (i == 0 && j == n - 1) continue;  // neighbours across the closing point
+      if (SegmentsMeet(i_ring[i], i_ring[i + 1], i_ring[j], i_ring[(j + 1) % n])) return false;
+    }
+  return true;
+}
+
+bool HasCurves(const VYRRasterPath& i_path) {
+  for (uint8_t verb : i_path.verbs())
+    if (verb == VYRRasterPath::kQuad_Verb || verb == VYRRasterPath::kCubic_Verb) return true;
+  return false;
+}
+
+// FreeType adds up the coverage of overlapping parts at anti-aliased edges, where a union is
+// wanted, so only outlines that never overlap themselves go to it: one convex contour (curves
+// allowed, judged by their control points) or one simple polygon.
+bool NeverOverlapsItself(const VYRRasterPath& i_path) {
+  const std::vector<VYRMathPoint2Df> ring = SingleRing(i_path);
+  if (ring.size() < 3) return false;
+  return IsConvexRing(ring) || (!HasCurves(i_path) && IsSimplePolygon(ring));
 }
 
 }  // namespace
@@ -129,7 +182,7 @@ bool VYRFreeTypeCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_ant
                                    VYRRasterMask* o_mask) {
   *o_mask = VYRRasterMask();
   if (i_devicePath.isEmpty() || !i_devicePath.isFinite()) return false;
-  if (!i_antiAlias || !_library || !IsConvexContour(i_devicePath) || !BuildOutline(i_devicePath))
+  if (!i_antiAlias || !_library || !NeverOverlapsItself(i_devicePath) || !BuildOutline(i_devicePath))
     return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
   VYRRasterIRect bounds = VYRRasterRoundOut(i_devicePath.getBounds());
   if (!bounds.intersect(i_clip)) return false;
@@ -154,7 +207,8 @@ bool VYRFreeTypeCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_ant
   params.clip_box = {bounds.left, bounds.top, bounds.right, bounds.bottom};
   if (FT_Outline_Render(static_cast<FT_Library>(_library), &outline, &params) != 0)
     return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
-  return true;
+  if (!target.covered) *o_mask = VYRRasterMask();
+  return target.covered;
 }
 
 bool VYRFreeTypeCoverage::StrokePath(const VYRRasterPath& i_localPath, const VYRRasterMatrix& i_matrix,

@@ -1,6 +1,7 @@
 #include "VYRRasterBitmap.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "VYRAssert.h"
 #include "VYRRasterBlendMode.h"
@@ -32,6 +33,18 @@ void VYRRasterBitmap::reset() { *this = VYRRasterBitmap(); }
 void VYRRasterBitmap::eraseColor(uint32_t i_color) {
   if (drawsNothing()) return;
   const uint32_t pixel = VYRRasterBlender::Premultiply(i_color);
+  // A pixel of four equal bytes (clear, opaque white) is a byte fill, which the C library
+  // does fastest, over the whole image at once when its rows are contiguous.
+  const bool byteFill = pixel == (pixel & 0xFF) * 0x01010101u;
+  if (byteFill) {
+    const size_t rowBytes = static_cast<size_t>(_width) * 4;
+    if (static_cast<size_t>(this->rowBytes()) == rowBytes) {
+      std::memset(getAddr32(0, 0), static_cast<int>(pixel & 0xFF), rowBytes * static_cast<size_t>(_height));
+      return;
+    }
+    for (int y = 0; y < _height; ++y) std::memset(getAddr32(0, y), static_cast<int>(pixel & 0xFF), rowBytes);
+    return;
+  }
   for (int y = 0; y < _height; ++y) {
     uint32_t* row = getAddr32(0, y);
     std::fill(row, row + _width, pixel);

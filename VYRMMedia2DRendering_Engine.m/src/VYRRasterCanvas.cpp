@@ -227,22 +227,17 @@ void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRaste
   std::vector<uint32_t> src(width, VYRRasterBlender::Premultiply(i_paint.getColor()));
   std::vector<uint8_t> coverage(width);
   const int scale = std::clamp(static_cast<int>(i_coverageScale * 255.0f + 0.5f), 0, 255);
-  const bool fullCoverage = !i_pCoverage && _clip.isRect();
   for (int y = area.top; y < area.bottom; ++y) {
-    const uint8_t* rowCoverage = nullptr;
-    if (!fullCoverage) {
-      if (_clip.isRect() && scale == 255) {
-        rowCoverage = i_pCoverage->row(y) + (area.left - i_pCoverage->bounds.left);
-      } else {
-        _clip.getRow(area.left, y, width, coverage.data());
-        if (i_pCoverage) {
-          const uint8_t* shape = i_pCoverage->row(y) + (area.left - i_pCoverage->bounds.left);
-          for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], shape[i]);
-        }
-        if (scale != 255)
-          for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], scale);
-        rowCoverage = coverage.data();
-      }
+    // The shape's coverage alone where the clip wholly covers the row (none: a flood).
+    const uint8_t* rowCoverage =
+        i_pCoverage ? i_pCoverage->row(y) + (area.left - i_pCoverage->bounds.left) : nullptr;
+    if (scale != 255 || !_clip.isOpaqueRun(y, area.left, area.right)) {
+      _clip.getRow(area.left, y, width, coverage.data());
+      if (rowCoverage)
+        for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], rowCoverage[i]);
+      if (scale != 255)
+        for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], scale);
+      rowCoverage = coverage.data();
     }
     if (shader) shader->shadeRow(area.left, y, width, src.data());
     VYRRasterBlender::BlendRow(mode, dst->getAddr32(area.left, y), src.data(), rowCoverage, width);

@@ -33,6 +33,7 @@ void VYRRasterClip::setRect(const VYRRasterIRect& i_rect) {
   _bounds = i_rect.isEmpty() ? VYRRasterIRect{} : i_rect;
   _isRect = true;
   _mask = VYRRasterMask();
+  _opaqueRuns.clear();
 }
 
 void VYRRasterClip::toMask() {
@@ -147,7 +148,7 @@ void VYRRasterClip::shrinkToFit() {
     setEmpty();
     return;
   }
-  if (used == _bounds) return;
+  if (used == _bounds) return findOpaqueRuns();
   VYRRasterMask trimmed;
   trimmed.allocate(used, 0);
   for (int y = used.top; y < used.bottom; ++y)
@@ -157,7 +158,25 @@ void VYRRasterClip::shrinkToFit() {
   // A trimmed mask may now be all 255 (a rectangle after difference).
   for (int y = _bounds.top; y < _bounds.bottom; ++y) {
     const uint8_t* row = _mask.row(y);
-    if (std::any_of(row, row + _bounds.width(), [](uint8_t v) { return v != 255; })) return;
+    if (std::any_of(row, row + _bounds.width(), [](uint8_t v) { return v != 255; })) return findOpaqueRuns();
   }
   setRect(_bounds);
+}
+
+void VYRRasterClip::findOpaqueRuns() {
+  _opaqueRuns.assign(static_cast<size_t>(_bounds.height()), Run{});
+  for (int y = _bounds.top; y < _bounds.bottom; ++y) {
+    const uint8_t* row = _mask.row(y);
+    Run& best = _opaqueRuns[static_cast<size_t>(y - _bounds.top)];
+    for (int x = 0; x < _bounds.width();) {
+      if (row[x] != 255) {
+        ++x;
+        continue;
+      }
+      int end = x;
+      while (end < _bounds.width() && row[end] == 255) ++end;
+      if (end - x > best.right - best.left) best = Run{_bounds.left + x, _bounds.left + end};
+      x = end;
+    }
+  }
 }

@@ -27,12 +27,25 @@ class VYR_EXPORT VYRRasterClip {
 
   // Coverage of the clip for pixels x .. x + count - 1 of row y (all within the bounds).
   void getRow(int x, int y, int count, uint8_t* o_coverage) const;
+  // Whether pixels i_left .. i_right - 1 of row y (within the bounds) are wholly inside,
+  // so that painting there needs no clip coverage.
+  bool isOpaqueRun(int y, int i_left, int i_right) const {
+    if (_isRect) return true;
+    const Run& run = _opaqueRuns[static_cast<size_t>(y - _bounds.top)];
+    return run.left <= i_left && i_right <= run.right;
+  }
 
  private:
+  struct Run {
+    int left = 0, right = 0;
+  };
+
   void toMask();
   void shrinkToFit();
+  void findOpaqueRuns();
 
   VYRRasterIRect _bounds;
   bool _isRect = true;
   VYRRasterMask _mask;
+  std::vector<Run> _opaqueRuns;  // per mask row, its longest run of full coverage
 };
