@@ -127,6 +127,9 @@ void VYRRasterText::GetTextPath(const VYRRasterPaint& i_paint, const char* i_pUt
     o_pPath->addPath(pGlyph->outline, VYRRasterMatrix::MakeAll(width, -skew * size, originX, 0.0f, -size, originY));
   }
   if (!vertical) AddDecorations(i_paint, pTypeface->GetMetrics(), i_x + start, i_x + start + length, i_y, *o_pPath);
+  // Glyphs rarely touch one another, and bars cross them turning the same way: summing
+  // coverage as font renderers do errs only at the few edge pixels where two edges meet.
+  o_pPath->setNonOverlapping(true);
 }
 
 float VYRRasterText::MeasureText(const VYRRasterPaint& i_paint, const char* i_pUtf8, int i_byteLength) {
