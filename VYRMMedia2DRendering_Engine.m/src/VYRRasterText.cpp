@@ -126,10 +126,10 @@ void VYRRasterText::GetTextPath(const VYRRasterPaint& i_paint, const char* i_pUt
     if (pGlyph->outline.isEmpty()) continue;
     o_pPath->addPath(pGlyph->outline, VYRRasterMatrix::MakeAll(width, -skew * size, originX, 0.0f, -size, originY));
   }
-  if (!vertical) AddDecorations(i_paint, pTypeface->GetMetrics(), i_x + start, i_x + start + length, i_y, *o_pPath);
-  // Glyphs rarely touch one another, and bars cross them turning the same way: summing
-  // coverage as font renderers do errs only at the few edge pixels where two edges meet.
+  // Glyphs rarely touch one another, so their coverage may be summed as font renderers do.
+  // Bars cross descenders, and a sum there would overshoot where the two edges meet.
   o_pPath->setNonOverlapping(true);
+  if (!vertical) AddDecorations(i_paint, pTypeface->GetMetrics(), i_x + start, i_x + start + length, i_y, *o_pPath);
 }
 
 float VYRRasterText::MeasureText(const VYRRasterPaint& i_paint, const char* i_pUtf8, int i_byteLength) {
