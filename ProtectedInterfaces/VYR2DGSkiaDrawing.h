@@ -15,9 +15,7 @@ struct VYR2DGShape;
 // Not available yet, reported as a failed condition and otherwise without
 // effect: gradients and patterns (SetGradient, SetPattern, FillWithGradient,
 // FillWithPattern), bitmaps (DrawBitmap, DrawBitmapToRect,
-// DrawNinePatchBitmap) and layers
-// (SaveLayer, SetLayerAlpha, SetLayerBlendingMode, SetLayerMaskMode,
-// SetLayerFilter).
+// DrawNinePatchBitmap).
 class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   VYR_DECLARE_CLASS(VYR2DGSkiaDrawing)
  public:
@@ -85,6 +83,8 @@ class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   void SetLayerAlpha(float i_alpha) override;
   void SetLayerBlendingMode(VYR2DGTransferMode i_mode) override;
   void SetLayerMaskMode(VYR2DGTransferMode i_mode) override;
+  // Builds the container's primitives into the next layer's filter; i_scale multiplies
+  // deviations and offsets. A container that yields no filter leaves the layer paint alone.
   void SetLayerFilter(VYRPrtFilterContainerElt* i_pFilterElt, float i_scale) override;
   void ApplyClip() override;
 
@@ -127,6 +127,8 @@ class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
  private:
   // The mask canvas while drawing the mask, else the main canvas.
   VYRRasterCanvas* Canvas_() const;
+  // The next layer's paint, reporting a missing context or paint.
+  VYRRasterPaint* LayerPaint_() const;
   // The clip path while building a clip, else the drawing path.
   VYRRasterPath* Path_() const;
   // The current path, reporting "pPath" (or a missing context) when there is none.

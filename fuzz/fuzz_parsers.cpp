@@ -57,6 +57,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* i_pData, size_t i_size) {
   MMParsingTools::ParseSVGRect(text, x, y, width, height);
   MMParsingTools::StringToUnitType(text);
   MMParsingTools::StringToColorMatrixType(text);
+  VYRUnicodeString localised(text);
+  MMParsingTools::GetStringWithLocalDecimalChar(localised);
 
   // Odd first bytes parse the text as it is, even ones go through the SVG rewrite.
   VYRUnicodeString buffer(text);

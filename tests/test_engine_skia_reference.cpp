@@ -20,6 +20,8 @@
 #include "VYR3x3Matrix.h"
 #include "VYR2DGSkiaDrawing.h"
 #include "VYR2DGSkiaSupport.h"
+#include "VYRPrtFilterContainerElt.h"
+#include "VYRPrtFilterGaussianBlurElt.h"
 #include "VYRUnicodeString.h"
 
 namespace fs = std::filesystem;
@@ -75,7 +77,7 @@ Limits LimitsOf(const fs::path& i_folder, const std::string& i_scene) {
 
 // Ops of drawing features this engine does not provide yet.
 const std::set<std::string>& UnavailableOps() {
-  static const std::set<std::string> ops{"linearGradient", "radialGradient", "pattern", "saveLayer"};
+  static const std::set<std::string> ops{"linearGradient", "radialGradient", "pattern"};
   return ops;
 }
 
@@ -131,6 +133,8 @@ class SceneReplayer {
       _drawing.SetFillRule(static_cast<VYRPrintFillRule>(i_op.at("rule").get<int>()));
     } else if (op == "save") {
       _drawing.Save(3);
+    } else if (op == "saveLayer") {
+      PlaySaveLayer(i_op);
     } else if (op == "restore") {
       _drawing.Restore(-1);
     } else if (op == "clipRect") {
@@ -149,6 +153,20 @@ class SceneReplayer {
   }
 
  private:
+  void PlaySaveLayer(const json& i_op) {
+    _drawing.SetLayerAlpha(Byte(i_op.value("alpha", json(255))));
+    _drawing.SetLayerBlendingMode(static_cast<VYR2DGTransferMode>(i_op.value("blend", 3)));
+    if (i_op.contains("blur")) {
+      VYRPrtFilterGaussianBlurElt blur;
+      blur.SetInput("SourceGraphic");
+      blur.SetStdDeviation(i_op.at("blur").get<double>(), i_op.at("blur").get<double>());
+      VYRPrtFilterContainerElt container;
+      container.AddChild(&blur);
+      _drawing.SetLayerFilter(&container, 1.0f);
+    }
+    _drawing.SaveLayer();
+  }
+
   bool PlayPathOp(const std::string& op, const json& i_op) {
     if (op == "moveTo") {
       _drawing.MoveTo(Point(i_op.at("p")));

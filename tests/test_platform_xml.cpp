@@ -223,6 +223,47 @@ TEST_F(XMLParse, BillionLaughsStopsAtTheExpansionLimit) {
   EXPECT_TRUE(VYRHasLastError());
 }
 
+// Documents whose entities would expand to megabytes fail at once: a general
+// entity longer than the limit is refused where it is declared, and the
+// expansions (in content and attribute values alike) are counted.
+TEST_F(XMLParse, EntityExpansionIsBoundedByLengthAndCount) {
+  const int maxLength = VYRIXMLDOMDocumentBuilder::kMaxEntityValueLength;
+  const int maxExpansions = VYRIXMLDOMDocumentBuilder::kMaxEntityExpansions;
+  const auto withEntity = [](int i_length, const std::string& i_body) {
+    return "<!DOCTYPE a [\n<!ENTITY e \"" + std::string(i_length, 'x') + "\">\n]>\n" + i_body;
+  };
+  const auto references = [](int i_count) {
+    std::string text;
+    for (int i = 0; i < i_count; ++i) text += "&e;";
+    return text;
+  };
+  VYRIDOMDocument_var document;
+  VYRIDOMElement_var root = Root(withEntity(maxLength, "<a b='&e;'>&e;</a>"));
+  ASSERT_FALSE(root.IsNull()) << VYRGetLastErrorMessage().GetStdString();
+  VYRUnicodeString value;
+  ASSERT_EQ(root.GetAttribute("b", value), VYR_S_OK);
+  EXPECT_EQ(value.GetLengthInChar(), maxLength);
+
+  EXPECT_EQ(Parse(withEntity(maxLength + 1, "<a/>"), document), VYR_E_FAIL);
+  EXPECT_TRUE(document.IsNull());
+  EXPECT_NE(VYRGetLastErrorMessage().Find("replacement text"), -1) << VYRGetLastErrorMessage().GetStdString();
+
+  EXPECT_EQ(Parse(withEntity(2, "<a>" + references(maxExpansions) + "</a>"), document), VYR_S_OK);
+  EXPECT_EQ(Parse(withEntity(2, "<a>" + references(maxExpansions + 1) + "</a>"), document), VYR_E_FAIL);
+  EXPECT_NE(VYRGetLastErrorMessage().Find("entity expansions"), -1) << VYRGetLastErrorMessage().GetStdString();
+  EXPECT_EQ(Parse(withEntity(2, "<a b='" + references(maxExpansions + 1) + "'/>"), document), VYR_E_FAIL);
+
+  // Nested entities count every expansion: ten levels of ten stop early.
+  std::string nested = "<!DOCTYPE a [\n<!ENTITY e0 \"" + std::string(maxLength, 'x') + "\">\n";
+  for (int level = 1; level <= 4; ++level) {
+    nested += "<!ENTITY e" + std::to_string(level) + " \"";
+    for (int j = 0; j < 10; ++j) nested += "&e" + std::to_string(level - 1) + ";";
+    nested += "\">\n";
+  }
+  EXPECT_EQ(Parse(nested + "]>\n<a b='&e4;'/>", document), VYR_E_FAIL);
+  EXPECT_EQ(Parse(nested + "]>\n<a>&e4;</a>", document), VYR_E_FAIL);
+}
+
 TEST_F(XMLParse, DeepNestingFailsCleanlyBeyondTheLimit) {
   const auto nested = [](int i_depth) {
     std::string text;

@@ -51,6 +51,12 @@ class VYR_EXPORT VYRIXMLDOMDocumentBuilder : public VYRBaseUnknown {
  public:
   // Deeper element nesting fails the parse, so that code walking the tree recursively stays safe.
   static constexpr int kMaxElementDepth = 10000;
+  // Entity expansion is bounded so that no document costs more than a few
+  // million characters of replacement text: a parse fails beyond this many
+  // expansions of general entities, or on a general entity whose replacement
+  // text is longer than kMaxEntityValueLength characters.
+  static constexpr int kMaxEntityExpansions = 4096;
+  static constexpr int kMaxEntityValueLength = 1024;
 
   // Parses the source into a document. Options come as two parallel lists of
   // names and values; lists of different lengths, an unknown name or a value

@@ -16,6 +16,7 @@
 #include <xercesc/util/XMLException.hpp>
 #include <xercesc/util/XMLResourceIdentifier.hpp>
 #include <xercesc/util/XMLUni.hpp>
+#include <xercesc/validators/DTD/DTDEntityDecl.hpp>
 
 #include <cctype>
 #include <cstring>
@@ -152,17 +153,25 @@ class FirstErrorHandler : public xercesc::ErrorHandler {
 };
 
 struct NestingTooDeep {};
+struct EntityTooLong {};
 
-// Stops the parse when elements nest deeper than the builder allows.
-class DepthLimitedDOMParser : public xercesc::XercesDOMParser {
+// Stops the parse when elements nest deeper than the builder allows, or when
+// a general entity could make its expansions expensive: together with the
+// expansion count of the security manager, this bounds the replacement text
+// a document can make the parser read.
+class BoundedDOMParser : public xercesc::XercesDOMParser {
  public:
-  explicit DepthLimitedDOMParser(xercesc::MemoryManager* i_pMemory) : xercesc::XercesDOMParser(nullptr, i_pMemory) {}
+  explicit BoundedDOMParser(xercesc::MemoryManager* i_pMemory) : xercesc::XercesDOMParser(nullptr, i_pMemory) {}
   void startElement(const xercesc::XMLElementDecl& i_decl, const unsigned int i_urlId, const XMLCh* const i_prefix,
                     const xercesc::RefVectorOf<xercesc::XMLAttr>& i_attributes, const XMLSize_t i_attributeCount,
                     const bool i_isEmpty, const bool i_isRoot) override {
     if (!i_isEmpty && ++_depth > VYRIXMLDOMDocumentBuilder::kMaxElementDepth) throw NestingTooDeep();
     xercesc::XercesDOMParser::startElement(i_decl, i_urlId, i_prefix, i_attributes, i_attributeCount, i_isEmpty,
                                            i_isRoot);
+  }
+  void entityDecl(const xercesc::DTDEntityDecl& i_decl, const bool i_isPEDecl, const bool i_isIgnored) override {
+    if (!i_isPEDecl && i_decl.getValueLen() > VYRIXMLDOMDocumentBuilder::kMaxEntityValueLength) throw EntityTooLong();
+    xercesc::XercesDOMParser::entityDecl(i_decl, i_isPEDecl, i_isIgnored);
   }
   void endElement(const xercesc::XMLElementDecl& i_decl, const unsigned int i_urlId, const bool i_isRoot,
                   const XMLCh* const i_prefix) override {
@@ -213,8 +222,9 @@ VYRStatus VYRIXMLDOMDocumentBuilder::Parse(const VYRIXMLInputSource& i_source,
     LocalOnlyEntityResolver resolver;
     FirstErrorHandler errors;
     xercesc::SecurityManager limits;  // caps entity expansions (billion laughs)
+    limits.setEntityExpansionLimit(kMaxEntityExpansions);
     auto arena = std::make_unique<VYRXMLArena>();
-    DepthLimitedDOMParser parser(arena.get());  // goes before the arena
+    BoundedDOMParser parser(arena.get());  // goes before the arena
     parser.setValidationScheme(validate ? xercesc::XercesDOMParser::Val_Always : xercesc::XercesDOMParser::Val_Never);
     parser.setDoNamespaces(true);
     parser.setDoSchema(false);
@@ -239,6 +249,9 @@ VYRStatus VYRIXMLDOMDocumentBuilder::Parse(const VYRIXMLInputSource& i_source,
     return VYR_S_OK;
   } catch (const NestingTooDeep&) {
     return Fail("elements nest deeper than " + std::to_string(kMaxElementDepth) + " levels");
+  } catch (const EntityTooLong&) {
+    return Fail("an entity's replacement text is longer than " + std::to_string(kMaxEntityValueLength) +
+                " characters");
   } catch (const xercesc::XMLException& i_error) {
     return Fail(VYRXMLToUnicodeString(i_error.getMessage()).GetStdString());
   } catch (const xercesc::OutOfMemoryException&) {

@@ -7,6 +7,7 @@
 #include <new>
 #include <string>
 
+#include "VYR2DGLayerFilterBuilder.h"
 #include "VYR2DGSkiaDrawingContext.h"
 #include "VYR3x3Matrix.h"
 #include "VYRAssert.h"
@@ -15,6 +16,7 @@
 #include "VYRRasterBitmap.h"
 #include "VYRRasterCanvas.h"
 #include "VYRRasterDashPathEffect.h"
+#include "VYRRasterImageFilter.h"
 #include "VYRRasterPaint.h"
 #include "VYRRasterPath.h"
 #include "VYRRasterText.h"
@@ -103,8 +105,7 @@ VYRRasterRect OvalBounds(const VYRMathPoint2Df& i_centre, float i_rx, float i_ry
 // The one mapping of transfer modes, for shapes and layers alike: 13 is
 // multiply, and anything outside 0..27 is source-over.
 int RasterTransferMode(VYR2DGTransferMode i_mode) {
-  const int mode = static_cast<int>(i_mode);
-  return mode >= eTransferClear && mode <= eTransferLuminosity ? mode : kSrcOver_VYRBlendMode;
+  return VYRRasterBlender::ModeOrSourceOver(static_cast<int>(i_mode));
 }
 
 VYRRasterCanvas::ClipOp RasterClipOp(VYR2DGClipOperator i_operator) {
@@ -509,6 +510,65 @@ void VYR2DGSkiaDrawing::Restore(int i_count) {
   }
 }
 
+// ---- Layers
+
+VYRRasterPaint* VYR2DGSkiaDrawing::LayerPaint_() const {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return nullptr;
+  VYRRasterPaint* pLayerPaint = _pSkDrawingCtx->_pLayerPaint;
+  return VYR_CHECK_POINTER_TEXT(pLayerPaint, "_pSkDrawingCtx->_pLayerPaint") ? pLayerPaint : nullptr;
+}
+
+int VYR2DGSkiaDrawing::SaveLayer() {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return -1;
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (!VYR_CHECK_POINTER(pCanvas)) return -1;
+  VYRRasterPaint* pLayerPaint = LayerPaint_();
+  if (pLayerPaint == nullptr) return -1;
+  const int count = pCanvas->saveLayer(nullptr, pLayerPaint, VYRRasterCanvas::kARGB_ClipLayer_SaveFlag);
+  // The properties belong to this layer only.
+  pLayerPaint->reset();
+  return count;
+}
+
+void VYR2DGSkiaDrawing::SetLayerAlpha(unsigned char i_alpha) {
+  if (VYRRasterPaint* pLayerPaint = LayerPaint_()) pLayerPaint->setAlpha(i_alpha);
+}
+
+void VYR2DGSkiaDrawing::SetLayerAlpha(float i_alpha) {
+  if (VYRRasterPaint* pLayerPaint = LayerPaint_())
+    pLayerPaint->setAlpha(static_cast<unsigned>(static_cast<int>(i_alpha * 255.0f + 0.5f)));
+}
+
+void VYR2DGSkiaDrawing::SetLayerBlendingMode(VYR2DGTransferMode i_mode) {
+  VYRRasterPaint* pLayerPaint = LayerPaint_();
+  if (pLayerPaint == nullptr) return;
+  // A transfer mode replaces a luminance mask, as the mask replaces the mode.
+  pLayerPaint->setXfermodeMode(RasterTransferMode(i_mode));
+  pLayerPaint->setLumaMaskMode(-1);
+}
+
+void VYR2DGSkiaDrawing::SetLayerMaskMode(VYR2DGTransferMode i_mode) {
+  VYRRasterPaint* pLayerPaint = LayerPaint_();
+  if (pLayerPaint == nullptr) return;
+  // Only source-in and destination-in go through luminance; the canvas composites other
+  // modes as the plain mode, which the paint then carries too.
+  const int mode = RasterTransferMode(i_mode);
+  pLayerPaint->setXfermodeMode(mode);
+  pLayerPaint->setLumaMaskMode(mode);
+}
+
+void VYR2DGSkiaDrawing::SetLayerFilter(VYRPrtFilterContainerElt* i_pFilterElt, float i_scale) {
+  if (!VYR_CHECK_POINTER(i_pFilterElt)) return;
+  VYRRasterPaint* pLayerPaint = LayerPaint_();
+  if (pLayerPaint == nullptr) return;
+  VYRRasterImageFilter* pFilter = VYR2DGLayerFilterBuilder::Build(*i_pFilterElt, i_scale);
+  if (pFilter == nullptr) return;
+  pLayerPaint->setImageFilter(pFilter);
+  pFilter->Release();
+}
+
+// ---- Clips
+
 void VYR2DGSkiaDrawing::SetCurrentClipRect(const VYR2DGRect& i_rect, VYR2DGClipOperator i_operator) {
   if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
   VYRRasterCanvas* pCanvas = Canvas_();
@@ -783,7 +843,7 @@ int VYR2DGSkiaDrawing::GetTextAdvanceWidth(const VYRUnicodeString& i_text) const
   return width > -2147483648.0f && width < 2147483648.0f ? static_cast<int>(width) : 0;
 }
 
-// ---- Not available yet: gradients, patterns, bitmaps and layers.
+// ---- Not available yet: gradients, patterns and bitmaps.
 
 void VYR2DGSkiaDrawing::SetGradient(const VYRPrintGradient*) { ReportNotAvailable_("SetGradient"); }
 void VYR2DGSkiaDrawing::FillWithGradient(const VYRPrintGradient*) { ReportNotAvailable_("FillWithGradient"); }
@@ -804,12 +864,3 @@ void VYR2DGSkiaDrawing::DrawBitmapToRect(const VYR2DGRect&, const VYRPixelImage*
 void VYR2DGSkiaDrawing::DrawNinePatchBitmap(const VYR2DGRect&, const VYR2DGRect&, const VYRPixelImage*) {
   ReportNotAvailable_("DrawNinePatchBitmap");
 }
-int VYR2DGSkiaDrawing::SaveLayer() {
-  ReportNotAvailable_("SaveLayer");
-  return -1;
-}
-void VYR2DGSkiaDrawing::SetLayerAlpha(unsigned char) { ReportNotAvailable_("SetLayerAlpha"); }
-void VYR2DGSkiaDrawing::SetLayerAlpha(float) { ReportNotAvailable_("SetLayerAlpha"); }
-void VYR2DGSkiaDrawing::SetLayerBlendingMode(VYR2DGTransferMode) { ReportNotAvailable_("SetLayerBlendingMode"); }
-void VYR2DGSkiaDrawing::SetLayerMaskMode(VYR2DGTransferMode) { ReportNotAvailable_("SetLayerMaskMode"); }
-void VYR2DGSkiaDrawing::SetLayerFilter(VYRPrtFilterContainerElt*, float) { ReportNotAvailable_("SetLayerFilter"); }

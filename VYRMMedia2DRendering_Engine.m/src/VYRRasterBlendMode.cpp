@@ -337,3 +337,29 @@ uint32_t VYRRasterBlender::Premultiply(uint32_t i_color) {
   if (a == 255) return i_color;
   return Pack(a, Div255(R(i_color) * a), Div255(G(i_color) * a), Div255(B(i_color) * a));
 }
+
+void VYRRasterBlender::ScaleRow(uint32_t* io_pixels, int i_count, uint8_t i_alpha) {
+  if (i_alpha == 255 || !io_pixels) return;
+  for (int i = 0; i < i_count; ++i) io_pixels[i] = Scale(io_pixels[i], i_alpha);
+}
+
+uint8_t VYRRasterBlender::Luminance(uint32_t i_premultiplied) {
+  return static_cast<uint8_t>((54 * R(i_premultiplied) + 183 * G(i_premultiplied) + 19 * B(i_premultiplied)) >> 8);
+}
+
+void VYRRasterBlender::LumaMaskRow(VYRRasterBlendMode i_mode, uint32_t* io_dst, const uint32_t* i_src,
+                                   const uint8_t* i_coverage, int i_count) {
+  if (i_mode != kSrcIn_VYRBlendMode && i_mode != kDstIn_VYRBlendMode) {
+    BlendRow(i_mode, io_dst, i_src, i_coverage, i_count);
+    return;
+  }
+  if (i_count <= 0 || !io_dst || !i_src) return;
+  const bool keepSource = i_mode == kSrcIn_VYRBlendMode;
+  for (int i = 0; i < i_count; ++i) {
+    const int coverage = i_coverage ? i_coverage[i] : 255;
+    if (coverage == 0) continue;
+    const uint32_t result =
+        keepSource ? Scale(i_src[i], Luminance(io_dst[i])) : Scale(io_dst[i], Luminance(i_src[i]));
+    io_dst[i] = coverage == 255 ? result : Lerp(result, io_dst[i], coverage);
+  }
+}

@@ -46,6 +46,22 @@ class VYR_EXPORT VYRRasterBlender {
                        const uint8_t* i_coverage, int i_count);
   // One pixel, full coverage (reference for tests and slow paths).
   static uint32_t BlendPixel(VYRRasterBlendMode i_mode, uint32_t i_src, uint32_t i_dst);
+  // The mode of that number; numbers outside the table are source-over.
+  static VYRRasterBlendMode ModeOrSourceOver(int i_mode) {
+    return i_mode >= kClear_VYRBlendMode && i_mode <= kLastMode_VYRBlendMode ? static_cast<VYRRasterBlendMode>(i_mode)
+                                                                             : kSrcOver_VYRBlendMode;
+  }
   // Straight 0xAARRGGBB to premultiplied, each channel c * a / 255 rounded to nearest.
   static uint32_t Premultiply(uint32_t i_color);
+  // Every channel of i_count premultiplied pixels times i_alpha / 255, rounded.
+  static void ScaleRow(uint32_t* io_pixels, int i_count, uint8_t i_alpha);
+
+  // Luminance of a premultiplied pixel, (54 R + 183 G + 19 B) / 256: 255 for opaque white,
+  // 0 for black or transparent.
+  static uint8_t Luminance(uint32_t i_premultiplied);
+  // Composites through luminance, as masks apply: with source-in the source is kept in
+  // proportion to the destination's luminance, with destination-in the destination in
+  // proportion to the source's. Other modes composite as BlendRow does.
+  static void LumaMaskRow(VYRRasterBlendMode i_mode, uint32_t* io_dst, const uint32_t* i_src,
+                          const uint8_t* i_coverage, int i_count);
 };

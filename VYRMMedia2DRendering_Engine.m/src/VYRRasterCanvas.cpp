@@ -6,6 +6,7 @@
 
 #include "VYRAssert.h"
 #include "VYRRasterHairline.h"
+#include "VYRRasterImageFilter.h"
 
 VYR_IMPLEMENT_CLASS(VYRRasterCanvas, VYRBaseUnknown, "Engine")
 
@@ -64,10 +65,39 @@ VYRRasterCanvas::~VYRRasterCanvas() {
   if (_pDevice) _pDevice->Release();
 }
 
-const VYRRasterBitmap* VYRRasterCanvas::target() const {
-  if (!_layers.empty()) return &_layers.back().bitmap;
-  if (!_pDevice || _pDevice->accessBitmap().drawsNothing()) return nullptr;
-  return &_pDevice->accessBitmap();
+bool VYRRasterCanvas::hasTarget() const {
+  return !_layers.empty() || (_pDevice && !_pDevice->accessBitmap().drawsNothing());
+}
+
+VYRRasterIRect VYRRasterCanvas::targetLimit() const {
+  if (!_layers.empty()) return _layers.back().bounds;
+  return hasTarget() ? deviceBounds() : VYRRasterIRect{};
+}
+
+VYRRasterCanvas::PixelTarget VYRRasterCanvas::prepareTarget(const VYRRasterIRect& i_area) {
+  PixelTarget target;
+  if (_layers.empty()) {
+    const VYRRasterBitmap& bitmap = _pDevice->accessBitmap();
+    target.pixels = bitmap.getAddr32(0, 0);
+    target.stride = static_cast<size_t>(bitmap.rowBytes()) / 4;
+    return target;
+  }
+  LayerRecord& layer = _layers.back();
+  layer.drawn.join(i_area);
+  if (!layer.image.bounds.contains(i_area)) {
+    // Grow with some room around, so that a cluster of small shapes reallocates seldom.
+    constexpr int kRoom = 32;
+    VYRRasterIRect grown = layer.image.bounds;
+    grown.join(i_area);
+    grown = VYRRasterIRect{grown.left - kRoom, grown.top - kRoom, grown.right + kRoom, grown.bottom + kRoom};
+    grown.intersect(layer.bounds);
+    layer.image = layer.image.cropped(grown);
+  }
+  target.pixels = layer.image.pixels.data();
+  target.stride = static_cast<size_t>(layer.image.bounds.width());
+  target.left = layer.image.bounds.left;
+  target.top = layer.image.bounds.top;
+  return target;
 }
 
 VYRRasterIRect VYRRasterCanvas::deviceBounds() const {
@@ -88,20 +118,14 @@ int VYRRasterCanvas::saveLayer(const VYRRasterRect* i_pBounds, const VYRRasterPa
   const int count = save(i_flags | kMatrixClip_SaveFlag);
   LayerRecord layer;
   layer.bounds = _clip.getBounds();
+  layer.bounds.intersect(targetLimit());
   if (i_pBounds) {
     VYRRasterRect device;
     _matrix.mapRect(&device, *i_pBounds);
     layer.bounds.intersect(VYRRasterRoundOut(device));
   }
   if (i_pPaint) layer.paint = *i_pPaint;
-  const VYRRasterIRect full = deviceBounds();
-  // The layer shares the device's coordinates, so draws need no offset.
-  layer.pixels.assign(static_cast<size_t>(full.width()) * static_cast<size_t>(full.height()), 0);
-  layer.bitmap.setConfig(full.width(), full.height());
-  layer.bitmap.setPixels(layer.pixels.data());
   _layers.push_back(std::move(layer));
-  // Vectors move their storage, but a bitmap copy may not: point at the stored buffer.
-  _layers.back().bitmap.setPixels(_layers.back().pixels.data());
   return count;
 }
 
@@ -125,29 +149,58 @@ void VYRRasterCanvas::restoreToCount(int i_count) {
   while (getSaveCount() > target) restore();
 }
 
+namespace {
+// Modes that change the destination where the source is transparent.
+bool ReachesBeyondSource(VYRRasterBlendMode i_mode) {
+  switch (i_mode) {
+    case kClear_VYRBlendMode:
+    case kSrc_VYRBlendMode:
+    case kSrcIn_VYRBlendMode:
+    case kDstIn_VYRBlendMode:
+    case kSrcOut_VYRBlendMode:
+    case kDstATop_VYRBlendMode:
+      return true;
+    default:
+      return false;
+  }
+}
+}  // namespace
+
 void VYRRasterCanvas::popLayer() {
   LayerRecord layer = std::move(_layers.back());
   _layers.pop_back();
-  const VYRRasterBitmap* dst = target();
-  VYRRasterIRect area = layer.bounds;
-  if (!dst || !area.intersect(_clip.getBounds())) return;
+  if (!hasTarget()) return;
+  const VYRRasterPaint& paint = layer.paint;
+  const VYRRasterImage* pSource = &layer.image;
+  VYRRasterIRect sourceArea = layer.drawn;
+  VYRRasterImage filtered;
+  if (const VYRRasterImageFilter* pFilter = paint.getImageFilter()) {
+    filtered = pFilter->filterImage(layer.image.cropped(layer.drawn), layer.bounds);
+    pSource = &filtered;
+    sourceArea = filtered.bounds;
+  }
+  const int lumaMode = paint.getLumaMaskMode();
+  const bool lumaMask = lumaMode == kSrcIn_VYRBlendMode || lumaMode == kDstIn_VYRBlendMode;
+  const VYRRasterBlendMode mode = lumaMask ? static_cast<VYRRasterBlendMode>(lumaMode) : paint.getBlendMode();
+  VYRRasterIRect area = lumaMask || ReachesBeyondSource(mode) ? layer.bounds : sourceArea;
+  if (!area.intersect(_clip.getBounds()) || !area.intersect(targetLimit())) return;
+  const PixelTarget dst = prepareTarget(area);
   const int width = area.width();
-  const uint8_t alpha = layer.paint.getAlpha();
-  std::vector<uint32_t> src(width);
-  std::vector<uint8_t> coverage(width);
+  std::vector<uint32_t> src(static_cast<size_t>(width));
+  std::vector<uint8_t> coverage(static_cast<size_t>(width));
   for (int y = area.top; y < area.bottom; ++y) {
-    const uint32_t* row = layer.pixels.data() + static_cast<size_t>(y) * dst->width() + area.left;
-    for (int i = 0; i < width; ++i) {
-      uint32_t c = row[i];
-      if (alpha != 255) {
-        auto ch = [&](int shift) { return uint32_t(Mul255((c >> shift) & 0xFF, alpha)) << shift; };
-        c = ch(24) | ch(16) | ch(8) | ch(0);
-      }
-      src[i] = c;
+    pSource->readRow(area.left, y, width, src.data());
+    VYRRasterBlender::ScaleRow(src.data(), width, paint.getAlpha());
+    const uint8_t* rowCoverage = nullptr;
+    if (!_clip.isRect()) {
+      _clip.getRow(area.left, y, width, coverage.data());
+      rowCoverage = coverage.data();
     }
-    _clip.getRow(area.left, y, width, coverage.data());
-    VYRRasterBlender::BlendRow(layer.paint.getBlendMode(), dst->getAddr32(area.left, y), src.data(),
-                               _clip.isRect() ? nullptr : coverage.data(), width);
+    if (lumaMask) {
+      VYRRasterBlender::LumaMaskRow(mode, dst.addr(area.left, y), src.data(), rowCoverage, width);
+    } else {
+      VYRRasterBlender::BlendRow(mode, dst.addr(area.left, y), src.data(), rowCoverage, width);
+    }
   }
 }
 
@@ -213,13 +266,11 @@ bool VYRRasterCanvas::getClipDeviceBounds(VYRRasterIRect* o_bounds) const {
 
 void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRasterPaint& i_paint,
                                 float i_coverageScale) {
-  const VYRRasterBitmap* dst = target();
-  if (!dst || _clip.isEmpty()) return;
+  if (!hasTarget() || _clip.isEmpty()) return;
   const VYRRasterBlendMode mode = i_paint.getBlendMode();
   if (mode == kDst_VYRBlendMode) return;
   VYRRasterIRect area = i_pCoverage ? i_pCoverage->bounds : _clip.getBounds();
-  if (!area.intersect(_clip.getBounds()) || !area.intersect(VYRRasterIRect::MakeWH(dst->width(), dst->height())))
-    return;
+  if (!area.intersect(_clip.getBounds()) || !area.intersect(targetLimit())) return;
 
   VYRRasterShader* shader = i_paint.getShader();
   if (shader && !shader->setContext(_matrix, i_paint.getAlpha())) return;
@@ -227,6 +278,7 @@ void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRaste
   std::vector<uint32_t> src(width, VYRRasterBlender::Premultiply(i_paint.getColor()));
   std::vector<uint8_t> coverage(width);
   const int scale = std::clamp(static_cast<int>(i_coverageScale * 255.0f + 0.5f), 0, 255);
+  const PixelTarget dst = prepareTarget(area);
   for (int y = area.top; y < area.bottom; ++y) {
     // The shape's coverage alone where the clip wholly covers the row (none: a flood).
     const uint8_t* rowCoverage =
@@ -240,12 +292,12 @@ void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRaste
       rowCoverage = coverage.data();
     }
     if (shader) shader->shadeRow(area.left, y, width, src.data());
-    VYRRasterBlender::BlendRow(mode, dst->getAddr32(area.left, y), src.data(), rowCoverage, width);
+    VYRRasterBlender::BlendRow(mode, dst.addr(area.left, y), src.data(), rowCoverage, width);
   }
 }
 
 void VYRRasterCanvas::drawShape(const VYRRasterPath& i_path, const VYRRasterPaint& i_paint, bool i_forceStroke) {
-  if (!target() || _clip.isEmpty() || !_matrix.isFinite()) return;
+  if (!hasTarget() || _clip.isEmpty() || !_matrix.isFinite()) return;
   const VYRRasterPaint::Style style = i_forceStroke ? VYRRasterPaint::kStroke_Style : i_paint.getStyle();
   const VYRRasterIRect clipBounds = _clip.getBounds();
   const bool inverse = i_path.isInverseFillType();

@@ -10,6 +10,7 @@
 #include "VYRRasterClip.h"
 #include "VYRRasterCoverage.h"
 #include "VYRRasterDevice.h"
+#include "VYRRasterImage.h"
 #include "VYRRasterMatrix.h"
 #include "VYRRasterPaint.h"
 #include "VYRRasterPath.h"
@@ -53,9 +54,14 @@ class VYR_EXPORT VYRRasterCanvas : public VYRBaseUnknown {
   // Pushes the parts of the state named by flags (matrix 1, clip 2); returns the save count
   // before the push. A new canvas has a save count of 1.
   int save(int i_flags = kMatrixClip_SaveFlag);
-  // Pushes a layer: later draws go to a transparent layer as large as the clip bounds (within
-  // i_pBounds if given), composited back at the matching restore with the paint's alpha and
-  // transfer mode (a null paint: opaque source-over). Returns the save count before the push.
+  // Pushes a layer: later draws go to a transparent image covering the clip bounds (within
+  // i_pBounds if given), composited back at the matching restore with the paint's alpha, then
+  // its image filter, then its luminance-mask or transfer mode (a null paint: opaque
+  // source-over). The layer's pixels grow with what is drawn into it, so a layer costs what
+  // its content covers, not what the clip covers; the modes that also change the destination
+  // where the layer is transparent (clear, source, source-in, destination-in, source-out,
+  // destination-atop, luminance masks) are composited over the whole layer area.
+  // Returns the save count before the push.
   int saveLayer(const VYRRasterRect* i_pBounds, const VYRRasterPaint* i_pPaint,
                 int i_flags = kARGB_ClipLayer_SaveFlag);
   int saveLayerAlpha(const VYRRasterRect* i_pBounds, uint8_t i_alpha, int i_flags = kARGB_ClipLayer_SaveFlag);
@@ -65,6 +71,8 @@ class VYR_EXPORT VYRRasterCanvas : public VYRBaseUnknown {
   void restoreToCount(int i_count);
   int getSaveCount() const { return static_cast<int>(_saves.size()) + 1; }
   bool isDrawingToLayer() const { return !_layers.empty(); }
+  // The device rectangle the top layer covers (empty without a layer).
+  VYRRasterIRect getLayerBounds() const { return _layers.empty() ? VYRRasterIRect{} : _layers.back().bounds; }
 
   const VYRRasterMatrix& getTotalMatrix() const { return _matrix; }
   void setMatrix(const VYRRasterMatrix& i_matrix) { _matrix = i_matrix; }
@@ -116,14 +124,27 @@ class VYR_EXPORT VYRRasterCanvas : public VYRBaseUnknown {
   };
   // A layer: its own pixels, composited into the one below at the matching restore.
   struct LayerRecord {
-    std::vector<uint32_t> pixels;
-    VYRRasterBitmap bitmap;
+    VYRRasterImage image;   // allocated over what draws may need, transparent elsewhere
+    VYRRasterIRect drawn;   // union of the areas drawn into
     VYRRasterIRect bounds;  // device rectangle the layer covers
-    VYRRasterPaint paint;   // alpha and transfer mode of the composite
-    VYRRasterClip clipBefore;
+    VYRRasterPaint paint;   // alpha, filter and mode of the composite
+  };
+  // Pixels that draws write: the device's, or the top layer's.
+  struct PixelTarget {
+    uint32_t* pixels = nullptr;  // the pixel at (left, top)
+    size_t stride = 0;           // in pixels
+    int left = 0;
+    int top = 0;
+    uint32_t* addr(int x, int y) const {
+      return pixels + static_cast<size_t>(y - top) * stride + static_cast<size_t>(x - left);
+    }
   };
 
-  const VYRRasterBitmap* target() const;
+  bool hasTarget() const;
+  // Where draws may land: the device, or the top layer's bounds (empty without pixels).
+  VYRRasterIRect targetLimit() const;
+  // Makes i_area (within targetLimit) writable, growing the top layer's pixels over it.
+  PixelTarget prepareTarget(const VYRRasterIRect& i_area);
   VYRRasterIRect deviceBounds() const;
   void drawShape(const VYRRasterPath& i_path, const VYRRasterPaint& i_paint, bool i_forceStroke);
   void paintMask(const VYRRasterMask* i_pCoverage, const VYRRasterPaint& i_paint, float i_coverageScale);

@@ -1,6 +1,7 @@
 #include "VYRRasterPaint.h"
 
 #include "VYRRasterContours.h"
+#include "VYRRasterImageFilter.h"
 #include "VYRRasterStrokeOutline.h"
 #include "VYRRasterTypeface.h"
 
@@ -32,7 +33,7 @@ void VYRRasterPaint::copyFrom(const VYRRasterPaint& i_other) {
   // References first, so that copying a paint onto one sharing its objects keeps them alive.
   VYRRasterShader* shader = i_other._pShader;
   VYRRasterPathEffect* effect = i_other._pPathEffect;
-  VYRBaseUnknown* filter = i_other._pImageFilter;
+  VYRRasterImageFilter* filter = i_other._pImageFilter;
   VYRRasterTypeface* typeface = i_other._pTypeface;
   Assign(_pShader, shader);
   Assign(_pPathEffect, effect);
@@ -59,7 +60,7 @@ void VYRRasterPaint::copyFrom(const VYRRasterPaint& i_other) {
 void VYRRasterPaint::releaseRefs() {
   Assign<VYRRasterShader>(_pShader, nullptr);
   Assign<VYRRasterPathEffect>(_pPathEffect, nullptr);
-  Assign<VYRBaseUnknown>(_pImageFilter, nullptr);
+  Assign<VYRRasterImageFilter>(_pImageFilter, nullptr);
   Assign<VYRRasterTypeface>(_pTypeface, nullptr);
 }
 
@@ -106,7 +107,7 @@ VYRRasterShader* VYRRasterPaint::setShader(VYRRasterShader* ipShader) { return A
 VYRRasterPathEffect* VYRRasterPaint::setPathEffect(VYRRasterPathEffect* ipEffect) {
   return Assign(_pPathEffect, ipEffect);
 }
-VYRBaseUnknown* VYRRasterPaint::setImageFilter(VYRBaseUnknown* ipFilter) { return Assign(_pImageFilter, ipFilter); }
+VYRRasterImageFilter* VYRRasterPaint::setImageFilter(VYRRasterImageFilter* ipFilter) { return Assign(_pImageFilter, ipFilter); }
 VYRRasterTypeface* VYRRasterPaint::setTypeface(VYRRasterTypeface* ipTypeface) {
   return Assign(_pTypeface, ipTypeface);
 }

@@ -8,6 +8,7 @@
 #include "VYRRasterPathEffect.h"
 #include "VYRRasterShader.h"
 
+class VYRRasterImageFilter;
 class VYRRasterTypeface;
 
 // How a draw paints: colour or shader, style and stroke settings, transfer mode, path effect.
@@ -72,10 +73,11 @@ class VYR_EXPORT VYRRasterPaint {
   VYRRasterPathEffect* getPathEffect() const { return _pPathEffect; }
   VYRRasterPathEffect* setPathEffect(VYRRasterPathEffect* ipEffect);
 
-  // Held for the layer and text work to come; nothing draws with them yet.
-  VYRBaseUnknown* getImageFilter() const { return _pImageFilter; }
-  VYRBaseUnknown* setImageFilter(VYRBaseUnknown* ipFilter);
-  // The transfer mode through which a layer is composited by its luminance; -1 for none.
+  // The filter a layer's pixels go through when the layer is composited.
+  VYRRasterImageFilter* getImageFilter() const { return _pImageFilter; }
+  VYRRasterImageFilter* setImageFilter(VYRRasterImageFilter* ipFilter);
+  // The transfer mode through which a layer is composited by its luminance (source-in or
+  // destination-in; other modes composite as plain modes); -1 for none.
   int getLumaMaskMode() const { return _lumaMaskMode; }
   void setLumaMaskMode(int i_mode) { _lumaMaskMode = i_mode; }
   // Null stands for the default typeface.
@@ -120,7 +122,7 @@ class VYR_EXPORT VYRRasterPaint {
   VYRRasterBlendMode _blendMode;
   VYRRasterShader* _pShader = nullptr;
   VYRRasterPathEffect* _pPathEffect = nullptr;
-  VYRBaseUnknown* _pImageFilter = nullptr;
+  VYRRasterImageFilter* _pImageFilter = nullptr;
   VYRRasterTypeface* _pTypeface = nullptr;
   int _lumaMaskMode;
   float _textSize;

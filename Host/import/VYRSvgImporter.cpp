@@ -1,0 +1,1085 @@
+#include "VYRSvgImporter.h"
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include "VYRHostPaintCodes.h"
+#include "VYRHostPath.h"
+#include "VYRViewBoxMapping.h"
+#include "MMParsingTools.h"
+#include "VYRBase64.h"
+#include "VYRPixelImage.h"
+#include "VYRPixelImagePNG.h"
+#include "VYRPrintGradientLinear.h"
+#include "VYRPrintGradientRadial.h"
+#include "VYRPrtBitmapImageElt.h"
+#include "VYRPrtCircleElt.h"
+#include "VYRPrtClipPathElt.h"
+#include "VYRPrtColourTable.h"
+#include "VYRPrtDefsElt.h"
+#include "VYRPrtEllipseElt.h"
+#include "VYRPrtEltFactory.h"
+#include "VYRPrtFilterBlendElt.h"
+#include "VYRPrtFilterColorMatrixElt.h"
+#include "VYRPrtFilterContainerElt.h"
+#include "VYRPrtFilterGaussianBlurElt.h"
+#include "VYRPrtFilterMergeElt.h"
+#include "VYRPrtFilterMergeNodeElt.h"
+#include "VYRPrtFilterOffsetElt.h"
+#include "VYRPrtGroupElt.h"
+#include "VYRPrtImageElt.h"
+#include "VYRPrtLineElt.h"
+#include "VYRPrtLinearGradientElt.h"
+#include "VYRPrtMarkerElt.h"
+#include "VYRPrtMaskElt.h"
+#include "VYRPrtModel.h"
+#include "VYRPrtPathElt.h"
+#include "VYRPrtPatternElt.h"
+#include "VYRPrtPolygonElt.h"
+#include "VYRPrtPolylineElt.h"
+#include "VYRPrtRadialGradientElt.h"
+#include "VYRPrtRectangleElt.h"
+#include "VYRPrtSymbolElt.h"
+#include "VYRPrtTextElt.h"
+#include "VYRSvgPathData.h"
+
+namespace {
+
+template <class K>
+K* Create() {
+  return VYRPrtEltFactory::Get().CreateElement<K>();
+}
+
+// The local name of an element: "svg:rect" and "rect" are both "rect".
+std::string LocalName(const VYRIDOMNode_var& i_node) {
+  VYRUnicodeString name;
+  i_node.GetNodeName(name);
+  const std::string text = name.GetStdString();
+  const size_t colon = text.find(':');
+  return colon == std::string::npos ? text : text.substr(colon + 1);
+}
+
+std::vector<VYRIDOMElement_var> ChildElements(const VYRIDOMNode_var& i_node) {
+  std::vector<VYRIDOMElement_var> children;
+  VYRIDOMNode_var child;
+  i_node.GetFirstChild(child);
+  while (!child.IsNull()) {
+    int type = 0;
+    child.GetNodeType(type);
+    if (type == VYR_DOM_ELEMENT_NODE) children.emplace_back(child);
+    VYRIDOMNode_var next;
+    child.GetNextSibling(next);
+    child = next;
+  }
+  return children;
+}
+
+// The text of text nodes below the node, tspans included, in document order.
+void CollectText(const VYRIDOMNode_var& i_node, std::string& io_text, int i_depth) {
+  if (i_depth > VYRSvgImporter::kMaximumDepth) return;
+  VYRIDOMNode_var child;
+  i_node.GetFirstChild(child);
+  while (!child.IsNull()) {
+    int type = 0;
+    child.GetNodeType(type);
+    if (type == VYR_DOM_TEXT_NODE || type == VYR_DOM_CDATA_SECTION_NODE) {
+      VYRUnicodeString value;
+      child.GetNodeValue(value);
+      io_text += value.GetStdString();
+    } else if (type == VYR_DOM_ELEMENT_NODE) {
+      const std::string name = LocalName(child);
+      if (name == "tspan" || name == "a") CollectText(child, io_text, i_depth + 1);
+    }
+    VYRIDOMNode_var next;
+    child.GetNextSibling(next);
+    child = next;
+  }
+}
+
+// SVG's default white-space handling: line breaks go, tabs become spaces,
+// runs of spaces become one, and the ends are trimmed.
+std::string CollapseSpaces(const std::string& i_text) {
+  std::string result;
+  for (char c : i_text) {
+    if (c == '\n' || c == '\r') continue;
+    if (c == '\t') c = ' ';
+    if (c == ' ' && (result.empty() || result.back() == ' ')) continue;
+    result += c;
+  }
+  while (!result.empty() && result.back() == ' ') result.pop_back();
+  return result;
+}
+
+unsigned char OpacityByte(double i_opacity) { return static_cast<unsigned char>(i_opacity * 255.0 + 0.5); }
+
+bool IsResourceName(const std::string& i_name) {
+  return i_name == "linearGradient" || i_name == "radialGradient" || i_name == "pattern" ||
+         i_name == "clipPath" || i_name == "mask" || i_name == "marker" || i_name == "filter";
+}
+
+MM2D::UnitType Units(const std::string& i_text, MM2D::UnitType i_default) {
+  const MM2D::UnitType units = MMParsingTools::StringToUnitType(VYRUnicodeString(i_text));
+  return units == MM2D::UnitUnknown ? i_default : units;
+}
+
+}  // namespace
+
+// ---- Entry points
+
+void VYRSvgImporter::Reset() {
+  _messages.clear();
+  _succeeded = false;
+  _elementCount = 0;
+  _domByID.clear();
+  _resources.clear();
+  _inProgress.clear();
+  _colourIndexes.clear();
+  _pColours = nullptr;
+  _rootContext = Context();
+}
+
+VYRPrtModel* VYRSvgImporter::ImportFile(const std::string& i_path) {
+  std::ifstream file(i_path, std::ios::binary);
+  if (!file) {
+    auto* pModel = new VYRPrtModel();
+    Reset();
+    Report("cannot open " + i_path);
+    return pModel;
+  }
+  std::ostringstream text;
+  text << file.rdbuf();
+  return ImportBuffer(text.str());
+}
+
+VYRPrtModel* VYRSvgImporter::ImportBuffer(const std::string& i_text) {
+  // The model first: it keeps the element factory, and with it every element, alive.
+  auto* pModel = new VYRPrtModel();
+  Reset();
+  VYRUnicodeString buffer(i_text);
+  VYRIDOMElement_var root;
+  if (i_text.empty() || !VYRSucceeded(MMParsingTools::BuildParser(buffer, "svg", root)) || root.IsNull()) {
+    Report("the document is not well-formed XML");
+    return pModel;
+  }
+  if (LocalName(root) != "svg") {
+    Report("the root element is <" + LocalName(root) + ">, not <svg>");
+    return pModel;
+  }
+  IndexIDs(root, 0);
+  if (VYRPrtImageElt* pImage = ImportRoot(root)) {
+    pModel->AddImage(pImage);
+    _succeeded = true;
+  }
+  return pModel;
+}
+
+bool VYRSvgImporter::CountElement() {
+  if (++_elementCount == kMaximumElementCount) Report("too many elements: the rest of the document is skipped");
+  return _elementCount < kMaximumElementCount;
+}
+
+void VYRSvgImporter::IndexIDs(const VYRIDOMNode_var& i_node, int i_depth) {
+  if (i_depth > kMaximumDepth) return;
+  for (const VYRIDOMElement_var& child : ChildElements(i_node)) {
+    const std::string id = Attribute(child, "id");
+    if (!id.empty() && _domByID.find(id) == _domByID.end()) _domByID[id] = child;
+    IndexIDs(child, i_depth + 1);
+  }
+}
+
+VYRPrtImageElt* VYRSvgImporter::ImportRoot(const VYRIDOMElement_var& i_root) {
+  VYRPrtViewBoxAttributes viewBox;
+  ReadViewBox(i_root, viewBox);
+  double vbX = 0.0, vbY = 0.0, vbWidth = 0.0, vbHeight = 0.0;
+  viewBox.GetViewBox(vbX, vbY, vbWidth, vbHeight);
+  // Without a size the viewBox gives it; without either, the usual 300 x 150.
+  Context context;
+  context.lengths.viewportWidth = viewBox.HasViewBox() ? vbWidth : 300.0;
+  context.lengths.viewportHeight = viewBox.HasViewBox() ? vbHeight : 150.0;
+  const std::string widthText = Attribute(i_root, "width");
+  const std::string heightText = Attribute(i_root, "height");
+  double width = context.lengths.viewportWidth;
+  double height = context.lengths.viewportHeight;
+  if (!widthText.empty() && widthText.back() != '%') width = Length(i_root, "width", context, VYRSvgLengthAxis::eX, width);
+  if (!heightText.empty() && heightText.back() != '%') {
+    height = Length(i_root, "height", context, VYRSvgLengthAxis::eY, height);
+  }
+  if (!(width > 0.0) || !(height > 0.0)) {
+    Report("the document has no area to draw");
+    return nullptr;
+  }
+
+  auto* pImage = Create<VYRPrtImageElt>();
+  if (!VYR_CHECK_POINTER(pImage)) return nullptr;
+  pImage->SetSize(width, height);
+  _pColours = new VYRPrtColourTable();
+  pImage->SetColorTable(_pColours);
+  ColourIndex(VYRSvgColor());  // black at index 0: what a new shape fills with
+
+  context.style.Apply(i_root, context.lengths, _messages);
+  if (viewBox.HasViewBox()) {
+    context.lengths.viewportWidth = vbWidth;
+    context.lengths.viewportHeight = vbHeight;
+  } else {
+    context.lengths.viewportWidth = width;
+    context.lengths.viewportHeight = height;
+  }
+  _rootContext = context;
+  pImage->SetID(VYRUnicodeString(Attribute(i_root, "id")));
+  VYRPrtTransformAttributes transform;
+  VYRAddViewBoxTransform(viewBox, width, height, transform);
+  pImage->SetTransformAttributes(transform);
+  pImage->SetOpacity(OpacityByte(context.style.opacity));
+  ImportChildren(i_root, *pImage, context, 1);
+  return pImage;
+}
+
+// ---- Elements
+
+void VYRSvgImporter::ImportChildren(const VYRIDOMElement_var& i_element, VYRPrtNodeTreeElt& io_node,
+                                    const Context& i_context, int i_depth) {
+  for (const VYRIDOMElement_var& child : ChildElements(i_element)) {
+    const std::string name = LocalName(child);
+    if (name == "title" || name == "desc") {
+      VYRUnicodeString text;
+      MMParsingTools::GetValue(child, text);
+      if (name == "title") {
+        io_node.SetTitle(text);
+      } else {
+        io_node.SetDescription(text);
+      }
+      continue;
+    }
+    VYRPrtGraphicPrimitiveElt* pChild = ImportElement(child, i_context, i_depth + 1);
+    // A resource read earlier through a reference is placed where the document has it.
+    if (pChild != nullptr && pChild->GetFather() == nullptr) io_node.AddChild(pChild);
+  }
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_var& i_element, const Context& i_parent,
+                                                         int i_depth) {
+  const std::string name = LocalName(i_element);
+  if (i_depth > kMaximumDepth) {
+    Report("<" + name + "> is nested too deeply and is skipped");
+    return nullptr;
+  }
+  if (!CountElement()) return nullptr;
+  if (IsResourceName(name)) {
+    const std::string id = Attribute(i_element, "id");
+    if (!id.empty()) return Resource(id);
+    return ImportResource(name, i_element, i_parent, i_depth);
+  }
+
+  Context context;
+  context.style = i_parent.style.Inherited();
+  context.lengths = i_parent.lengths;
+  context.insideClipPath = i_parent.insideClipPath;
+  context.style.Apply(i_element, context.lengths, _messages);
+  if (!context.style.displayed) return nullptr;
+
+  VYRPrtGraphicPrimitiveElt* pElt = nullptr;
+  if (name == "g" || name == "a" || name == "switch") {
+    auto* pGroup = Create<VYRPrtGroupElt>();
+    if (!VYR_CHECK_POINTER(pGroup)) return nullptr;
+    if (name == "switch") {
+      // The first child that can be drawn stands for the switch.
+      for (const VYRIDOMElement_var& child : ChildElements(i_element)) {
+        if (VYRPrtGraphicPrimitiveElt* pChild = ImportElement(child, context, i_depth + 1)) {
+          if (pChild->GetFather() == nullptr) pGroup->AddChild(pChild);
+          break;
+        }
+      }
+    } else {
+      ImportChildren(i_element, *pGroup, context, i_depth);
+    }
+    pElt = pGroup;
+  } else if (name == "defs") {
+    auto* pDefs = Create<VYRPrtDefsElt>();
+    if (!VYR_CHECK_POINTER(pDefs)) return nullptr;
+    ImportChildren(i_element, *pDefs, context, i_depth);
+    pElt = pDefs;
+  } else if (name == "svg") {
+    const double width = Length(i_element, "width", context, VYRSvgLengthAxis::eX, context.lengths.viewportWidth);
+    const double height = Length(i_element, "height", context, VYRSvgLengthAxis::eY, context.lengths.viewportHeight);
+    pElt = ImportViewport(i_element, context, i_depth, width, height);
+    if (pElt != nullptr) {
+      VYRPrtTransformAttributes transform;
+      transform.AddTranslation(VYRMathVector2D(Length(i_element, "x", context, VYRSvgLengthAxis::eX, 0.0),
+                                               Length(i_element, "y", context, VYRSvgLengthAxis::eY, 0.0)));
+      transform.AddTransformAttributes(pElt->GetTransformAttributes());
+      pElt->SetTransformAttributes(transform);
+      ApplyCommon(i_element, context, *pElt);
+      pElt->SetTransformAttributes(transform);  // a nested svg has no transform attribute
+    }
+    return pElt;
+  } else if (name == "symbol") {
+    // Drawn only through use; kept under its parent for completeness.
+    auto* pSymbol = Create<VYRPrtSymbolElt>();
+    if (!VYR_CHECK_POINTER(pSymbol)) return nullptr;
+    VYRPrtViewBoxAttributes viewBox;
+    ReadViewBox(i_element, viewBox);
+    pSymbol->SetViewBoxAttributes(viewBox);
+    pSymbol->SetID(VYRUnicodeString(Attribute(i_element, "id")));
+    return pSymbol;
+  } else if (name == "use") {
+    pElt = ImportUse(i_element, context, i_depth);
+  } else if (name == "text") {
+    pElt = ImportText(i_element, context);
+  } else if (name == "image") {
+    pElt = ImportBitmap(i_element, context);
+  } else if (name == "rect" || name == "circle" || name == "ellipse" || name == "line" || name == "polyline" ||
+             name == "polygon" || name == "path") {
+    pElt = ImportShape(name, i_element, context);
+  } else {
+    if (name != "metadata" && name != "style" && name != "script") Report("<" + name + "> is not supported");
+    return nullptr;
+  }
+  if (pElt == nullptr) return nullptr;
+  ApplyCommon(i_element, context, *pElt);
+  // Containers paint nothing themselves: their visibility is that of each child.
+  if (pElt->GetStreamType() == kStreamTypeGroupElt || pElt->GetStreamType() == kStreamTypeDefsElt) {
+    pElt->SetVisibility(1);
+  }
+  return pElt;
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportViewport(const VYRIDOMElement_var& i_element,
+                                                          const Context& i_context, int i_depth, double i_width,
+                                                          double i_height) {
+  if (!(i_width > 0.0) || !(i_height > 0.0)) return nullptr;
+  auto* pGroup = Create<VYRPrtGroupElt>();
+  if (!VYR_CHECK_POINTER(pGroup)) return nullptr;
+  VYRPrtViewBoxAttributes viewBox;
+  ReadViewBox(i_element, viewBox);
+  VYRPrtTransformAttributes transform;
+  VYRAddViewBoxTransform(viewBox, i_width, i_height, transform);
+  pGroup->SetTransformAttributes(transform);
+  Context context = i_context;
+  double x = 0.0, y = 0.0;
+  context.lengths.viewportWidth = i_width;
+  context.lengths.viewportHeight = i_height;
+  if (viewBox.HasViewBox()) viewBox.GetViewBox(x, y, context.lengths.viewportWidth, context.lengths.viewportHeight);
+  ImportChildren(i_element, *pGroup, context, i_depth);
+  return pGroup;
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i_element, const Context& i_context,
+                                                     int i_depth) {
+  const std::string id = HrefID(i_element);
+  auto found = _domByID.find(id);
+  if (id.empty() || found == _domByID.end()) {
+    Report("<use> refers to a missing element \"" + id + "\"");
+    return nullptr;
+  }
+  if (_inProgress.count("use:" + id) != 0) {
+    Report("<use> of \"" + id + "\" refers to itself");
+    return nullptr;
+  }
+  _inProgress.insert("use:" + id);
+  const VYRIDOMElement_var& target = found->second;
+  VYRPrtGraphicPrimitiveElt* pContent = nullptr;
+  if (LocalName(target) == "symbol" || LocalName(target) == "svg") {
+    Context context = i_context;
+    context.style = i_context.style.Inherited();
+    context.style.Apply(target, context.lengths, _messages);
+    const double width = Length(i_element, "width", i_context, VYRSvgLengthAxis::eX,
+                                Length(target, "width", i_context, VYRSvgLengthAxis::eX, i_context.lengths.viewportWidth));
+    const double height = Length(i_element, "height", i_context, VYRSvgLengthAxis::eY,
+                                 Length(target, "height", i_context, VYRSvgLengthAxis::eY,
+                                        i_context.lengths.viewportHeight));
+    if (context.style.displayed) pContent = ImportViewport(target, context, i_depth, width, height);
+  } else {
+    pContent = ImportElement(target, i_context, i_depth + 1);
+    // A resource is not drawn where it is used.
+    if (pContent != nullptr && IsResourceName(LocalName(target))) pContent = nullptr;
+  }
+  _inProgress.erase("use:" + id);
+  auto* pGroup = Create<VYRPrtGroupElt>();
+  if (!VYR_CHECK_POINTER(pGroup)) return nullptr;
+  if (pContent != nullptr) pGroup->AddChild(pContent);
+  return pGroup;
+}
+
+void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Context& i_context,
+                                 VYRPrtGraphicPrimitiveElt& io_elt) {
+  io_elt.SetID(VYRUnicodeString(Attribute(i_element, "id")));
+  VYRPrtTransformAttributes transform;
+  const std::string transformText = Attribute(i_element, "transform");
+  if (!transformText.empty() && !VYRSvgValues::ParseTransformList(transformText, transform)) {
+    Report("ignored transform \"" + transformText + "\"");
+  }
+  // A use element's position comes after its transform.
+  if (LocalName(i_element) == "use") {
+    transform.AddTranslation(VYRMathVector2D(Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0),
+                                             Length(i_element, "y", i_context, VYRSvgLengthAxis::eY, 0.0)));
+  }
+  io_elt.SetTransformAttributes(transform);
+  io_elt.SetVisibility(i_context.style.visible ? 1 : 0);
+  io_elt.SetOpacity(OpacityByte(i_context.style.opacity));
+  const VYRSvgStyle& style = i_context.style;
+  if (!style.clipPathID.empty()) {
+    io_elt.SetClipPathID(VYRUnicodeString(style.clipPathID));
+    VYRPrtGraphicPrimitiveElt* pClip = Resource(style.clipPathID);
+    if (pClip != nullptr && pClip->GetStreamType() == kStreamTypeClipPathElt) {
+      io_elt.SetClipPath(static_cast<VYRPrtClipPathElt*>(pClip));
+    } else {
+      Report("missing clip path \"" + style.clipPathID + "\"");
+    }
+  }
+  if (!style.maskID.empty()) {
+    io_elt.SetMaskID(VYRUnicodeString(style.maskID));
+    VYRPrtGraphicPrimitiveElt* pMask = Resource(style.maskID);
+    if (pMask != nullptr && pMask->GetStreamType() == kStreamTypeMaskElt) {
+      io_elt.SetMask(static_cast<VYRPrtMaskElt*>(pMask));
+    } else {
+      Report("missing mask \"" + style.maskID + "\"");
+    }
+  }
+  if (!style.filterID.empty()) {
+    io_elt.SetFilterID(VYRUnicodeString(style.filterID));
+    VYRPrtGraphicPrimitiveElt* pFilter = Resource(style.filterID);
+    if (pFilter != nullptr && pFilter->GetStreamType() == kStreamTypeFilterContainerElt) {
+      io_elt.SetFilter(static_cast<VYRPrtFilterContainerElt*>(pFilter));
+    } else {
+      Report("missing filter \"" + style.filterID + "\"");
+    }
+  }
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportShape(const std::string& i_name, const VYRIDOMElement_var& i_element,
+                                                       const Context& i_context) {
+  const auto X = VYRSvgLengthAxis::eX;
+  const auto Y = VYRSvgLengthAxis::eY;
+  VYRPrtGraphicPrimitiveElt* pShape = nullptr;
+  if (i_name == "rect") {
+    const double x = Length(i_element, "x", i_context, X, 0.0);
+    const double y = Length(i_element, "y", i_context, Y, 0.0);
+    const double width = Length(i_element, "width", i_context, X, 0.0);
+    const double height = Length(i_element, "height", i_context, Y, 0.0);
+    if (!(width > 0.0) || !(height > 0.0)) return nullptr;
+    double rx = Length(i_element, "rx", i_context, X, -1.0);
+    double ry = Length(i_element, "ry", i_context, Y, -1.0);
+    if (rx < 0.0) rx = ry;
+    if (ry < 0.0) ry = rx;
+    auto* pRect = Create<VYRPrtRectangleElt>();
+    if (!VYR_CHECK_POINTER(pRect)) return nullptr;
+    pRect->SetPoints(VYRMathPoint2D(x, y), VYRMathPoint2D(x + width, y + height));
+    pRect->SetRadius(std::fmin(std::fmax(rx, 0.0), width / 2.0), std::fmin(std::fmax(ry, 0.0), height / 2.0));
+    pShape = pRect;
+  } else if (i_name == "circle") {
+    const double r = Length(i_element, "r", i_context, VYRSvgLengthAxis::eOther, 0.0);
+    if (!(r > 0.0)) return nullptr;
+    auto* pCircle = Create<VYRPrtCircleElt>();
+    if (!VYR_CHECK_POINTER(pCircle)) return nullptr;
+    pCircle->SetParameters(
+        VYRMathPoint2D(Length(i_element, "cx", i_context, X, 0.0), Length(i_element, "cy", i_context, Y, 0.0)), r);
+    pShape = pCircle;
+  } else if (i_name == "ellipse") {
+    const double rx = Length(i_element, "rx", i_context, X, 0.0);
+    const double ry = Length(i_element, "ry", i_context, Y, 0.0);
+    if (!(rx > 0.0) || !(ry > 0.0)) return nullptr;
+    auto* pEllipse = Create<VYRPrtEllipseElt>();
+    if (!VYR_CHECK_POINTER(pEllipse)) return nullptr;
+    pEllipse->SetParameters(
+        VYRMathPoint2D(Length(i_element, "cx", i_context, X, 0.0), Length(i_element, "cy", i_context, Y, 0.0)), rx,
+        ry, 0.0);
+    pShape = pEllipse;
+  } else if (i_name == "line") {
+    auto* pLine = Create<VYRPrtLineElt>();
+    if (!VYR_CHECK_POINTER(pLine)) return nullptr;
+    pLine->SetPoints(
+        VYRMathPoint2D(Length(i_element, "x1", i_context, X, 0.0), Length(i_element, "y1", i_context, Y, 0.0)),
+        VYRMathPoint2D(Length(i_element, "x2", i_context, X, 0.0), Length(i_element, "y2", i_context, Y, 0.0)));
+    pShape = pLine;
+  } else if (i_name == "polyline" || i_name == "polygon") {
+    VYRSYPDynArray<VYRMathPoint2D> points;
+    const std::string text = Attribute(i_element, "points");
+    const char* pCursor = text.c_str();
+    if (!MMParsingTools::ParseSVGPointList(pCursor, pCursor + text.size(), points, MM2D::PathCoordAbsolute, false,
+                                           0.0)) {
+      Report("<" + i_name + "> points are read up to an error");
+    }
+    if (points.GetLength() < 2) return nullptr;
+    VYRPrtPointListElt* pList = nullptr;
+    if (i_name == "polygon") {
+      pList = Create<VYRPrtPolygonElt>();
+    } else {
+      pList = Create<VYRPrtPolylineElt>();
+    }
+    if (!VYR_CHECK_POINTER(pList)) return nullptr;
+    pList->SetPoints(points);
+    pShape = pList;
+  } else {
+    auto* pPath = Create<VYRPrtPathElt>();
+    if (!VYR_CHECK_POINTER(pPath)) return nullptr;
+    if (!VYRSvgPathData::Parse(Attribute(i_element, "d"), *pPath)) Report("<path> data is read up to an error");
+    if (pPath->GetPathSegments().GetLength() == 0) return nullptr;
+    pShape = pPath;
+  }
+  ApplyPaint(i_context, *pShape);
+  return pShape;
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportText(const VYRIDOMElement_var& i_element, const Context& i_context) {
+  std::string text;
+  CollectText(i_element, text, 0);
+  text = CollapseSpaces(text);
+  if (text.empty()) return nullptr;
+  auto* pText = Create<VYRPrtTextElt>();
+  if (!VYR_CHECK_POINTER(pText)) return nullptr;
+  pText->SetText(VYRUnicodeString(text));
+  // The first of SVG's x and y lists places the text.
+  std::vector<double> xs, ys;
+  VYRSvgValues::ParseNumbers(Attribute(i_element, "x"), xs);
+  VYRSvgValues::ParseNumbers(Attribute(i_element, "y"), ys);
+  pText->AddPosition(VYRMathPoint2D(xs.empty() ? 0.0 : xs[0], ys.empty() ? 0.0 : ys[0]));
+  pText->SetTextAttributes(i_context.style.text);
+  ApplyPaint(i_context, *pText);
+  return pText;
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportBitmap(const VYRIDOMElement_var& i_element,
+                                                        const Context& i_context) {
+  const double width = Length(i_element, "width", i_context, VYRSvgLengthAxis::eX, 0.0);
+  const double height = Length(i_element, "height", i_context, VYRSvgLengthAxis::eY, 0.0);
+  std::string href = Attribute(i_element, "xlink:href");
+  if (href.empty()) href = Attribute(i_element, "href");
+  const size_t comma = href.find(',');
+  if (href.compare(0, 5, "data:") != 0 || comma == std::string::npos ||
+      href.substr(0, comma).find(";base64") == std::string::npos) {
+    Report("<image> without embedded base64 data is not supported");
+    return nullptr;
+  }
+  std::string data;
+  for (char c : href.substr(comma + 1)) {
+    if (!MMParsingTools::IsSVGSpace(c)) data += c;
+  }
+  while (data.size() % 4 != 0) data += '=';
+  unsigned int length = 0;
+  unsigned char* pBytes = VYRBase64::Decode(data.c_str(), static_cast<unsigned int>(data.size()), length);
+  VYRPixelImage* pImage =
+      pBytes != nullptr ? ReadMemoryPNGPixelImage(pBytes, static_cast<int>(length), VYRPNGRead_Premultiplied) : nullptr;
+  delete[] pBytes;
+  if (pImage == nullptr) {
+    Report("<image> data is not a readable PNG");
+    return nullptr;
+  }
+  auto* pBitmap = Create<VYRPrtBitmapImageElt>();
+  if (VYR_CHECK_POINTER(pBitmap)) {
+    // A missing size is the image's own.
+    pBitmap->SetParameters(
+        VYRMathPoint2D(Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0),
+                       Length(i_element, "y", i_context, VYRSvgLengthAxis::eY, 0.0)),
+        width > 0.0 ? width : pImage->GetWidth(), height > 0.0 ? height : pImage->GetHeight(), 0.0, pImage);
+  }
+  pImage->Release();
+  return pBitmap;
+}
+
+// ---- Paint
+
+unsigned int VYRSvgImporter::ColourIndex(const VYRSvgColor& i_color) {
+  const unsigned int key = (i_color.red << 16) | (i_color.green << 8) | i_color.blue;
+  auto found = _colourIndexes.find(key);
+  if (found != _colourIndexes.end()) return found->second;
+  unsigned int index = 0;
+  if (_pColours == nullptr || _pColours->AddColour(i_color.red, i_color.green, i_color.blue, index) != 1) return 0;
+  _colourIndexes[key] = index;
+  return index;
+}
+
+template <class Attributes>
+bool VYRSvgImporter::SetGradient(VYRPrtGraphicPrimitiveElt* i_pServer, VYRPrtGraphicPrimitiveElt& i_shape,
+                                 Attributes& io_attributes) {
+  auto* pGradient = static_cast<VYRPrtBaseGradientElt*>(i_pServer);
+  if (pGradient->GetStopCount() == 0) return false;
+  VYRPrintGradient* pRecord = nullptr;
+  if (pGradient->GetUnits() == MM2D::UnitObjectBoundingBox) {
+    VYRHostPath outline;
+    double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
+    if (i_shape.GetStreamType() == kStreamTypeTextElt) {
+      // Text is measured roughly: its advance is not known before drawing.
+      const auto& text = static_cast<VYRPrtTextElt&>(i_shape);
+      const double size = text.GetTextAttributes().GetHeight();
+      xmin = text.GetPosition(0).x;
+      xmax = xmin + 0.55 * size * text.GetText().GetCodePointCount();
+      ymax = text.GetPosition(0).y;
+      ymin = ymax - size;
+    } else if (!outline.BuildFrom(&i_shape) || !outline.GetBounds(xmin, xmax, ymin, ymax)) {
+      return false;
+    }
+    // A box without area has no bounding-box units: SVG paints nothing then.
+    if (!(xmax > xmin) || !(ymax > ymin)) return false;
+    pRecord = pGradient->CreatePrintGradient(xmin, xmax, ymin, ymax);
+  } else {
+    pRecord = pGradient->CreatePrintGradient();
+  }
+  if (pRecord == nullptr) return false;
+  if (i_pServer->GetStreamType() == kStreamTypeLinearGradientElt) {
+    io_attributes.SetGradientType(MM2D::GradientLinear);
+    *static_cast<VYRPrintGradientLinear*>(io_attributes.GetGradient()) = *static_cast<VYRPrintGradientLinear*>(pRecord);
+  } else {
+    io_attributes.SetGradientType(MM2D::GradientRadial);
+    *static_cast<VYRPrintGradientRadial*>(io_attributes.GetGradient()) = *static_cast<VYRPrintGradientRadial*>(pRecord);
+  }
+  pRecord->Release();
+  return io_attributes.GetGradient() != nullptr;
+}
+
+namespace {
+
+// The colour a paint stands for when it is no server: its own, the current
+// colour, or for a server, its fallback. False for none.
+bool PaintColor(const VYRSvgPaint& i_paint, VYRSvgPaint::Kind i_kind, const VYRSvgColor& i_color,
+                const VYRSvgStyle& i_style, VYRSvgColor& o_color) {
+  if (i_kind == VYRSvgPaint::eColor) {
+    o_color = i_color;
+    return true;
+  }
+  if (i_kind == VYRSvgPaint::eCurrentColor) {
+    o_color = i_style.color;
+    return true;
+  }
+  (void)i_paint;
+  return false;
+}
+
+bool IsGradient(VYRPrtGraphicPrimitiveElt* i_pElt) {
+  return i_pElt != nullptr && (i_pElt->GetStreamType() == kStreamTypeLinearGradientElt ||
+                               i_pElt->GetStreamType() == kStreamTypeRadialGradientElt);
+}
+
+}  // namespace
+
+VYRPrtFillAttributes VYRSvgImporter::MakeFill(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape) {
+  const VYRSvgStyle& style = i_context.style;
+  VYRPrtFillAttributes fill;
+  fill.SetFillRule(i_context.insideClipPath ? style.clipRule : style.fillRule);
+  fill.SetFillOpacity(OpacityByte(style.fillOpacity));
+  const VYRSvgPaint& paint = style.fill;
+  VYRSvgColor color;
+  if (paint.kind == VYRSvgPaint::eServer) {
+    VYRPrtGraphicPrimitiveElt* pServer = Resource(paint.serverID);
+    if (IsGradient(pServer)) {
+      fill.SetFillStyle(SetGradient(pServer, i_shape, fill) ? static_cast<VYRPrtFillStyle>(kHostFillGradient)
+                                                             : static_cast<VYRPrtFillStyle>(kHostFillNone));
+      return fill;
+    }
+    if (pServer != nullptr && pServer->GetStreamType() == kStreamTypePatternElt) {
+      i_shape.SetPattern(static_cast<VYRPrtPatternElt*>(pServer));
+      Report("pattern fills are drawn with their fallback colour");
+    } else {
+      Report("missing paint server \"" + paint.serverID + "\"");
+    }
+    if (PaintColor(paint, paint.fallbackKind, paint.fallbackColor, style, color)) {
+      fill.SetFillColorIndex(ColourIndex(color));
+      return fill;
+    }
+    fill.SetFillStyle(static_cast<VYRPrtFillStyle>(kHostFillNone));
+    return fill;
+  }
+  if (PaintColor(paint, paint.kind, paint.color, style, color)) {
+    fill.SetFillColorIndex(ColourIndex(color));
+  } else {
+    fill.SetFillStyle(static_cast<VYRPrtFillStyle>(kHostFillNone));
+  }
+  return fill;
+}
+
+VYRPrtStrokeAttributes VYRSvgImporter::MakeStroke(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape) {
+  const VYRSvgStyle& style = i_context.style;
+  VYRPrtStrokeAttributes stroke;
+  if (i_context.insideClipPath || style.strokeWidth <= 0.0) return stroke;  // no stroke
+  stroke.SetStrokeWidth(style.strokeWidth);
+  stroke.SetStrokeOpacity(OpacityByte(style.strokeOpacity));
+  stroke.SetStrokeCap(style.lineCap);
+  stroke.SetStrokeJoin(style.lineJoin);
+  if (!style.dashes.empty() && style.dashes.size() < 128) {
+    std::vector<float> dashes(style.dashes.begin(), style.dashes.end());
+    stroke.SetStrokeTypePattern(dashes.data(), static_cast<unsigned char>(dashes.size()));
+  }
+  const VYRSvgPaint& paint = style.stroke;
+  VYRSvgColor color;
+  if (paint.kind == VYRSvgPaint::eServer) {
+    VYRPrtGraphicPrimitiveElt* pServer = Resource(paint.serverID);
+    if (IsGradient(pServer)) {
+      if (SetGradient(pServer, i_shape, stroke)) stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokeGradient));
+      return stroke;
+    }
+    Report(pServer != nullptr ? "pattern strokes are drawn with their fallback colour"
+                              : "missing paint server \"" + paint.serverID + "\"");
+    if (PaintColor(paint, paint.fallbackKind, paint.fallbackColor, style, color)) {
+      stroke.SetStrokeColorIndex(ColourIndex(color));
+      stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokeColor));
+    }
+    return stroke;
+  }
+  if (PaintColor(paint, paint.kind, paint.color, style, color)) {
+    stroke.SetStrokeColorIndex(ColourIndex(color));
+    stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokeColor));
+  }
+  return stroke;
+}
+
+void VYRSvgImporter::ApplyPaint(const Context& i_context, VYRPrtGraphicPrimitiveElt& io_shape) {
+  if (io_shape.GetStreamType() == kStreamTypeLineElt) {
+    static_cast<VYRPrtLineElt&>(io_shape).SetStrokeAttributes(MakeStroke(i_context, io_shape));
+    return;
+  }
+  auto& shape = static_cast<VYRPrtBaseShapeElt&>(io_shape);
+  shape.SetFillAttributes(MakeFill(i_context, io_shape));
+  shape.SetStrokeAttributes(MakeStroke(i_context, io_shape));
+  if (io_shape.GetStreamType() == kStreamTypePathElt || io_shape.GetStreamType() == kStreamTypePolylineElt ||
+      io_shape.GetStreamType() == kStreamTypePolygonElt) {
+    VYRPrtMarkerReferences markers;
+    markers.SetMarkerID(VYRPrtMarkerReferences::Start, VYRUnicodeString(i_context.style.markerStart));
+    markers.SetMarkerID(VYRPrtMarkerReferences::Mid, VYRUnicodeString(i_context.style.markerMid));
+    markers.SetMarkerID(VYRPrtMarkerReferences::End, VYRUnicodeString(i_context.style.markerEnd));
+    if (io_shape.GetStreamType() == kStreamTypePathElt) {
+      static_cast<VYRPrtPathElt&>(io_shape).SetMarkerReferences(markers);
+    } else {
+      static_cast<VYRPrtPointBasedElt&>(io_shape).SetMarkerReferences(markers);
+    }
+  }
+}
+
+// ---- Resources
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::Resource(const std::string& i_id) {
+  auto cached = _resources.find(i_id);
+  if (cached != _resources.end()) return cached->second;
+  auto found = _domByID.find(i_id);
+  if (found == _domByID.end() || !IsResourceName(LocalName(found->second))) return nullptr;
+  // A resource that refers to itself while being read gets nothing.
+  if (!_inProgress.insert(i_id).second) {
+    Report("\"" + i_id + "\" refers to itself");
+    return nullptr;
+  }
+  // Resources take their properties from where they are defined; the
+  // document's root style is close enough for the properties they use.
+  VYRPrtGraphicPrimitiveElt* pElt = ImportResource(LocalName(found->second), found->second, _rootContext, 1);
+  _inProgress.erase(i_id);
+  _resources[i_id] = pElt;
+  return pElt;
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_name,
+                                                          const VYRIDOMElement_var& i_element,
+                                                          const Context& i_parent, int i_depth) {
+  Context context;
+  context.style = i_parent.style.Inherited();
+  context.lengths = i_parent.lengths;
+  context.style.Apply(i_element, context.lengths, _messages);
+  VYRPrtGraphicPrimitiveElt* pElt = nullptr;
+  if (i_name == "linearGradient" || i_name == "radialGradient") {
+    pElt = ImportGradient(i_name, i_element, context);
+  } else if (i_name == "filter") {
+    pElt = ImportFilter(i_element, context);
+  } else if (i_name == "clipPath") {
+    auto* pClip = Create<VYRPrtClipPathElt>();
+    if (!VYR_CHECK_POINTER(pClip)) return nullptr;
+    pClip->SetUnits(Units(Attribute(i_element, "clipPathUnits"), MM2D::UnitUserSpaceOnUse));
+    pClip->SetClipRule(context.style.clipRule);
+    context.insideClipPath = true;
+    ImportChildren(i_element, *pClip, context, i_depth);
+    pElt = pClip;
+  } else if (i_name == "mask") {
+    auto* pMask = Create<VYRPrtMaskElt>();
+    if (!VYR_CHECK_POINTER(pMask)) return nullptr;
+    pMask->SetUnits(Units(Attribute(i_element, "maskUnits"), MM2D::UnitObjectBoundingBox));
+    pMask->SetContentUnits(Units(Attribute(i_element, "maskContentUnits"), MM2D::UnitUserSpaceOnUse));
+    VYRPrtRegionAttributes region = pMask->GetRegion();
+    const bool boxUnits = pMask->GetUnits() == MM2D::UnitObjectBoundingBox;
+    auto read = [&](const char* i_attribute, VYRSvgLengthAxis i_axis, double i_default) {
+      return boxUnits ? Fraction(i_element, i_attribute, i_default)
+                      : Length(i_element, i_attribute, context, i_axis, i_default);
+    };
+    if (HasAttribute(i_element, "x")) region.SetX(read("x", VYRSvgLengthAxis::eX, region.GetX()));
+    if (HasAttribute(i_element, "y")) region.SetY(read("y", VYRSvgLengthAxis::eY, region.GetY()));
+    if (HasAttribute(i_element, "width")) region.SetWidth(read("width", VYRSvgLengthAxis::eX, region.GetWidth()));
+    if (HasAttribute(i_element, "height")) region.SetHeight(read("height", VYRSvgLengthAxis::eY, region.GetHeight()));
+    pMask->SetRegion(region);
+    ImportChildren(i_element, *pMask, context, i_depth);
+    pElt = pMask;
+  } else if (i_name == "marker") {
+    auto* pMarker = Create<VYRPrtMarkerElt>();
+    if (!VYR_CHECK_POINTER(pMarker)) return nullptr;
+    pMarker->SetReferencePoint(VYRMathPoint2D(Length(i_element, "refX", context, VYRSvgLengthAxis::eX, 0.0),
+                                              Length(i_element, "refY", context, VYRSvgLengthAxis::eY, 0.0)));
+    pMarker->SetSize(Length(i_element, "markerWidth", context, VYRSvgLengthAxis::eX, 3.0),
+                     Length(i_element, "markerHeight", context, VYRSvgLengthAxis::eY, 3.0));
+    pMarker->SetUnits(Attribute(i_element, "markerUnits") == "userSpaceOnUse" ? MM2D::MarkerUnitUserSpaceOnUse
+                                                                               : MM2D::MarkerUnitStrokeWidth);
+    const std::string orient = Attribute(i_element, "orient");
+    if (orient == "auto") {
+      pMarker->SetOrientationAuto();
+    } else {
+      double angle = 0.0;
+      if (!orient.empty() && MMParsingTools::ParseNumber(VYRUnicodeString(orient), angle)) {
+        pMarker->SetOrientationAngle(angle);
+      }
+    }
+    VYRPrtViewBoxAttributes viewBox;
+    ReadViewBox(i_element, viewBox);
+    pMarker->SetViewBoxAttributes(viewBox);
+    ImportChildren(i_element, *pMarker, context, i_depth);
+    pElt = pMarker;
+  } else if (i_name == "pattern") {
+    auto* pPattern = Create<VYRPrtPatternElt>();
+    if (!VYR_CHECK_POINTER(pPattern)) return nullptr;
+    pPattern->SetUnits(Units(Attribute(i_element, "patternUnits"), MM2D::UnitObjectBoundingBox));
+    pPattern->SetContentUnits(Units(Attribute(i_element, "patternContentUnits"), MM2D::UnitUserSpaceOnUse));
+    const bool boxUnits = pPattern->GetUnits() == MM2D::UnitObjectBoundingBox;
+    auto read = [&](const char* i_attribute, VYRSvgLengthAxis i_axis) {
+      return boxUnits ? Fraction(i_element, i_attribute, 0.0) : Length(i_element, i_attribute, context, i_axis, 0.0);
+    };
+    VYRPrtRegionAttributes region;
+    region.SetRegion(read("x", VYRSvgLengthAxis::eX), read("y", VYRSvgLengthAxis::eY),
+                     read("width", VYRSvgLengthAxis::eX), read("height", VYRSvgLengthAxis::eY));
+    pPattern->SetRegion(region);
+    VYRPrtViewBoxAttributes viewBox;
+    ReadViewBox(i_element, viewBox);
+    pPattern->SetViewBoxAttributes(viewBox);
+    VYRPrtTransformAttributes transform;
+    VYRSvgValues::ParseTransformList(Attribute(i_element, "patternTransform"), transform);
+    pPattern->SetPatternTransform(transform);
+    pPattern->SetHrefID(VYRUnicodeString(HrefID(i_element)));
+    ImportChildren(i_element, *pPattern, context, i_depth);
+    pElt = pPattern;
+  }
+  if (pElt != nullptr) pElt->SetID(VYRUnicodeString(Attribute(i_element, "id")));
+  return pElt;
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportGradient(const std::string& i_name,
+                                                          const VYRIDOMElement_var& i_element,
+                                                          const Context& i_context) {
+  // The gradient and those it inherits from through xlink:href, nearest first.
+  std::vector<VYRIDOMElement_var> chain{i_element};
+  while (chain.size() < 16) {
+    auto found = _domByID.find(HrefID(chain.back()));
+    if (found == _domByID.end()) break;
+    const std::string name = LocalName(found->second);
+    if (name != "linearGradient" && name != "radialGradient") break;
+    chain.push_back(found->second);
+  }
+  // The nearest element of the chain that gives the attribute.
+  auto holder = [&chain, this](const char* i_attribute) -> const VYRIDOMElement_var& {
+    for (const VYRIDOMElement_var& element : chain) {
+      if (HasAttribute(element, i_attribute)) return element;
+    }
+    return chain.front();
+  };
+  const MM2D::UnitType units = Units(Attribute(holder("gradientUnits"), "gradientUnits"), MM2D::UnitObjectBoundingBox);
+  const bool boxUnits = units == MM2D::UnitObjectBoundingBox;
+  auto read = [&](const char* i_attribute, VYRSvgLengthAxis i_axis, double i_default) {
+    const VYRIDOMElement_var& element = holder(i_attribute);
+    return boxUnits ? Fraction(element, i_attribute, i_default)
+                    : Length(element, i_attribute, i_context, i_axis, i_default * (i_axis == VYRSvgLengthAxis::eY
+                                                                                      ? i_context.lengths.viewportHeight
+                                                                                      : i_context.lengths.viewportWidth));
+  };
+
+  VYRPrtBaseGradientElt* pGradient = nullptr;
+  if (i_name == "linearGradient") {
+    auto* pLinear = Create<VYRPrtLinearGradientElt>();
+    if (!VYR_CHECK_POINTER(pLinear)) return nullptr;
+    pLinear->SetStartPoint(VYRMathPoint2D(read("x1", VYRSvgLengthAxis::eX, 0.0), read("y1", VYRSvgLengthAxis::eY, 0.0)));
+    pLinear->SetEndPoint(VYRMathPoint2D(read("x2", VYRSvgLengthAxis::eX, 1.0), read("y2", VYRSvgLengthAxis::eY, 0.0)));
+    pGradient = pLinear;
+  } else {
+    auto* pRadial = Create<VYRPrtRadialGradientElt>();
+    if (!VYR_CHECK_POINTER(pRadial)) return nullptr;
+    pRadial->SetCentre(VYRMathPoint2D(read("cx", VYRSvgLengthAxis::eX, 0.5), read("cy", VYRSvgLengthAxis::eY, 0.5)));
+    pRadial->SetRadius(boxUnits ? Fraction(holder("r"), "r", 0.5)
+                                : Length(holder("r"), "r", i_context, VYRSvgLengthAxis::eOther,
+                                         0.5 * std::sqrt((i_context.lengths.viewportWidth * i_context.lengths.viewportWidth +
+                                                          i_context.lengths.viewportHeight * i_context.lengths.viewportHeight) /
+                                                         2.0)));
+    if (HasAttribute(holder("fx"), "fx") || HasAttribute(holder("fy"), "fy")) {
+      const VYRMathPoint2D centre = pRadial->GetCentre();
+      pRadial->SetFocus(VYRMathPoint2D(HasAttribute(holder("fx"), "fx") ? read("fx", VYRSvgLengthAxis::eX, 0.5) : centre.x,
+                                       HasAttribute(holder("fy"), "fy") ? read("fy", VYRSvgLengthAxis::eY, 0.5) : centre.y));
+    }
+    pGradient = pRadial;
+  }
+  pGradient->SetUnits(units);
+  const std::string spread = Attribute(holder("spreadMethod"), "spreadMethod");
+  pGradient->SetSpreadMethod(spread == "reflect" ? VYRPrintGradientSpreadReflect
+                                                 : (spread == "repeat" ? VYRPrintGradientSpreadRepeat
+                                                                       : VYRPrintGradientSpreadPad));
+  VYRPrtTransformAttributes transform;
+  const std::string transformText = Attribute(holder("gradientTransform"), "gradientTransform");
+  if (!transformText.empty() && !VYRSvgValues::ParseTransformList(transformText, transform)) {
+    Report("ignored gradientTransform \"" + transformText + "\"");
+  }
+  pGradient->SetGradientTransform(transform);
+  pGradient->SetHrefID(VYRUnicodeString(HrefID(i_element)));
+
+  // The stops of the nearest element of the chain that has any.
+  for (const VYRIDOMElement_var& element : chain) {
+    for (const VYRIDOMElement_var& child : ChildElements(element)) {
+      if (LocalName(child) != "stop") continue;
+      VYRSvgStyle style = i_context.style.Inherited();
+      VYRSvgLengthContext lengths = i_context.lengths;
+      style.Apply(child, lengths, _messages);
+      auto* pStop = Create<VYRPrtGradientStopElt>();
+      if (!VYR_CHECK_POINTER(pStop)) break;
+      const double offset = Fraction(child, "offset", 0.0);
+      pStop->SetOffset(offset < 0.0 ? 0.0 : (offset > 1.0 ? 1.0 : offset));
+      pStop->SetColor(style.stopColor.red, style.stopColor.green, style.stopColor.blue);
+      pStop->SetStopOpacity(style.stopOpacity);
+      pGradient->AddStop(pStop);
+    }
+    if (pGradient->GetStopCount() > 0) break;
+  }
+  return pGradient;
+}
+
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var& i_element,
+                                                        const Context& i_context) {
+  auto* pFilter = Create<VYRPrtFilterContainerElt>();
+  if (!VYR_CHECK_POINTER(pFilter)) return nullptr;
+  pFilter->SetUnits(Units(Attribute(i_element, "filterUnits"), MM2D::UnitObjectBoundingBox));
+  pFilter->SetPrimitiveUnits(Units(Attribute(i_element, "primitiveUnits"), MM2D::UnitUserSpaceOnUse));
+  const bool boxUnits = pFilter->GetUnits() == MM2D::UnitObjectBoundingBox;
+  VYRPrtRegionAttributes region = pFilter->GetRegion();
+  auto read = [&](const VYRIDOMElement_var& i_node, const char* i_attribute, VYRSvgLengthAxis i_axis, bool i_box) {
+    return i_box ? Fraction(i_node, i_attribute, 0.0) : Length(i_node, i_attribute, i_context, i_axis, 0.0);
+  };
+  if (HasAttribute(i_element, "x")) region.SetX(read(i_element, "x", VYRSvgLengthAxis::eX, boxUnits));
+  if (HasAttribute(i_element, "y")) region.SetY(read(i_element, "y", VYRSvgLengthAxis::eY, boxUnits));
+  if (HasAttribute(i_element, "width")) region.SetWidth(read(i_element, "width", VYRSvgLengthAxis::eX, boxUnits));
+  if (HasAttribute(i_element, "height")) region.SetHeight(read(i_element, "height", VYRSvgLengthAxis::eY, boxUnits));
+  pFilter->SetRegion(region);
+  pFilter->SetHrefID(VYRUnicodeString(HrefID(i_element)));
+
+  const bool primitiveBoxUnits = pFilter->GetPrimitiveUnits() == MM2D::UnitObjectBoundingBox;
+  for (const VYRIDOMElement_var& child : ChildElements(i_element)) {
+    const std::string name = LocalName(child);
+    VYRPrtFilterBaseElt* pPrimitive = nullptr;
+    std::vector<double> numbers;
+    if (name == "feGaussianBlur") {
+      auto* pBlur = Create<VYRPrtFilterGaussianBlurElt>();
+      if (pBlur != nullptr && VYRSvgValues::ParseNumbers(Attribute(child, "stdDeviation"), numbers) && !numbers.empty()) {
+        pBlur->SetStdDeviation(numbers[0], numbers.size() > 1 ? numbers[1] : numbers[0]);
+      }
+      pPrimitive = pBlur;
+    } else if (name == "feOffset") {
+      auto* pOffset = Create<VYRPrtFilterOffsetElt>();
+      if (pOffset != nullptr) pOffset->SetOffset(Fraction(child, "dx", 0.0), Fraction(child, "dy", 0.0));
+      pPrimitive = pOffset;
+    } else if (name == "feColorMatrix") {
+      auto* pMatrix = Create<VYRPrtFilterColorMatrixElt>();
+      if (pMatrix != nullptr) {
+        const std::string type = Attribute(child, "type");
+        if (!type.empty()) pMatrix->SetType(MMParsingTools::StringToColorMatrixType(VYRUnicodeString(type)));
+        pMatrix->SetValues(VYRUnicodeString(Attribute(child, "values")));
+      }
+      pPrimitive = pMatrix;
+    } else if (name == "feBlend") {
+      auto* pBlend = Create<VYRPrtFilterBlendElt>();
+      if (pBlend != nullptr) {
+        const std::string mode = Attribute(child, "mode");
+        VYR2DGTransferMode transfer = eTransferSourceOver;
+        if (mode == "multiply") transfer = eTransferMultiply;
+        if (mode == "screen") transfer = eTransferScreen;
+        if (mode == "darken") transfer = eTransferDarken;
+        if (mode == "lighten") transfer = eTransferLighten;
+        pBlend->SetMode(transfer);
+        pBlend->SetInput2(VYRUnicodeString(Attribute(child, "in2")));
+      }
+      pPrimitive = pBlend;
+    } else if (name == "feMerge") {
+      auto* pMerge = Create<VYRPrtFilterMergeElt>();
+      if (pMerge != nullptr) {
+        for (const VYRIDOMElement_var& node : ChildElements(child)) {
+          if (LocalName(node) != "feMergeNode") continue;
+          auto* pNode = Create<VYRPrtFilterMergeNodeElt>();
+          if (pNode == nullptr) break;
+          pNode->SetInput(VYRUnicodeString(Attribute(node, "in")));
+          pMerge->AddChild(pNode);
+        }
+      }
+      pPrimitive = pMerge;
+    } else {
+      Report("filter primitive <" + name + "> is not supported");
+      continue;
+    }
+    if (!VYR_CHECK_POINTER(pPrimitive)) break;
+    pPrimitive->SetInput(VYRUnicodeString(Attribute(child, "in")));
+    pPrimitive->SetResult(VYRUnicodeString(Attribute(child, "result")));
+    VYRPrtRegionAttributes subregion;
+    if (HasAttribute(child, "x")) subregion.SetX(read(child, "x", VYRSvgLengthAxis::eX, primitiveBoxUnits));
+    if (HasAttribute(child, "y")) subregion.SetY(read(child, "y", VYRSvgLengthAxis::eY, primitiveBoxUnits));
+    if (HasAttribute(child, "width")) subregion.SetWidth(read(child, "width", VYRSvgLengthAxis::eX, primitiveBoxUnits));
+    if (HasAttribute(child, "height")) {
+      subregion.SetHeight(read(child, "height", VYRSvgLengthAxis::eY, primitiveBoxUnits));
+    }
+    pPrimitive->SetSubregion(subregion);
+    pFilter->AddChild(pPrimitive);
+  }
+  return pFilter;
+}
+
+// ---- Attributes
+
+std::string VYRSvgImporter::Attribute(const VYRIDOMElement_var& i_element, const char* i_name) const {
+  VYRUnicodeString value;
+  i_element.GetAttribute(i_name, value);
+  return value.GetStdString();
+}
+
+bool VYRSvgImporter::HasAttribute(const VYRIDOMElement_var& i_element, const char* i_name) const {
+  VYRUnicodeString value;
+  return VYRSucceeded(i_element.GetAttribute(i_name, value));
+}
+
+std::string VYRSvgImporter::HrefID(const VYRIDOMElement_var& i_element) const {
+  std::string href = Attribute(i_element, "xlink:href");
+  if (href.empty()) href = Attribute(i_element, "href");
+  std::string id;
+  VYRSvgValues::ParseReference(href, id);
+  return id;
+}
+
+double VYRSvgImporter::Length(const VYRIDOMElement_var& i_element, const char* i_name, const Context& i_context,
+                              VYRSvgLengthAxis i_axis, double i_default) {
+  const std::string text = Attribute(i_element, i_name);
+  if (text.empty()) return i_default;
+  double value = 0.0;
+  if (!VYRSvgValues::ParseLength(text, i_context.lengths, i_axis, value) || !std::isfinite(value)) {
+    Report("ignored " + std::string(i_name) + " \"" + text + "\"");
+    return i_default;
+  }
+  return value;
+}
+
+double VYRSvgImporter::Fraction(const VYRIDOMElement_var& i_element, const char* i_name, double i_default) {
+  const std::string text = Attribute(i_element, i_name);
+  if (text.empty()) return i_default;
+  double value = 0.0;
+  if (!VYRSvgValues::ParseNumberOrPercentage(text, value) || !std::isfinite(value)) {
+    Report("ignored " + std::string(i_name) + " \"" + text + "\"");
+    return i_default;
+  }
+  return value;
+}
+
+bool VYRSvgImporter::ReadViewBox(const VYRIDOMElement_var& i_element, VYRPrtViewBoxAttributes& o_viewBox) {
+  const std::string text = Attribute(i_element, "viewBox");
+  const std::string aspect = Attribute(i_element, "preserveAspectRatio");
+  if (!aspect.empty() && !VYRSvgValues::ParsePreserveAspectRatio(aspect, o_viewBox)) {
+    Report("ignored preserveAspectRatio \"" + aspect + "\"");
+  }
+  if (text.empty()) return false;
+  std::vector<double> numbers;
+  if (!VYRSvgValues::ParseNumbers(text, numbers) || numbers.size() != 4 || !(numbers[2] > 0.0) ||
+      !(numbers[3] > 0.0)) {
+    Report("ignored viewBox \"" + text + "\"");
+    return false;
+  }
+  o_viewBox.SetViewBox(numbers[0], numbers[1], numbers[2], numbers[3]);
+  return true;
+}
