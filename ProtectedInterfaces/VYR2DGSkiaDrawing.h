@@ -21,10 +21,6 @@ struct VYR2DGShape;
 // with the corners unscaled, the edges stretched along their side and the
 // centre both ways (the corners shrink together when the destination is too
 // small for them).
-//
-// Not available yet, reported as a failed condition and otherwise without
-// effect: text (DrawTextW, SetFont by name, GetTextAdvanceWidth,
-// SetSubpixelRendering, SetHinting).
 class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   VYR_DECLARE_CLASS(VYR2DGSkiaDrawing)
  public:
@@ -142,6 +138,11 @@ class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   VYRRasterPath* Path_() const;
   // The current path, reporting "pPath" (or a missing context) when there is none.
   VYRRasterPath* CheckedPath_() const;
+  // The paint, reporting a missing context or "_pSkDrawingCtx->_pPaint".
+  VYRRasterPaint* CheckedPaint_() const;
+  // Loads the paint with the text state: typeface in its style, size,
+  // alignment, decorations, and the oblique slant.
+  void PrepareTextPaint_(VYRRasterPaint& io_paint) const;
   void SetPaintColor_(ColorType i_type);
   float GetFillRed_() const { return _fillColor[eRed]; }
   float GetFillGreen_() const { return _fillColor[eGreen]; }
@@ -159,7 +160,6 @@ class VYR_EXPORT VYR2DGSkiaDrawing : public VYR2DGDrawing {
   void KnockOut_(VYRRasterCanvas& io_canvas, const VYRRasterPath& i_area);
   // The outline of the paint's stroke of i_path.
   void StrokeOutline_(const VYRRasterPath& i_path, VYRRasterPath& o_outline);
-  void ReportNotAvailable_(const char* i_operation) const;
 
   // Gradients, patterns and bitmaps.
   // The shader slot SetGradient and SetPattern write: the stroke shader

@@ -2,7 +2,6 @@
 
 #include "VYR2DGDrawingContext.h"
 
-class VYRBaseUnknown;
 class VYRRasterBitmap;
 class VYRRasterCanvas;
 class VYRRasterDevice;
@@ -10,6 +9,7 @@ class VYRRasterPaint;
 class VYRRasterPath;
 class VYRRasterPathEffect;
 class VYRRasterShader;
+class VYRRasterTypeface;
 
 // The raster objects a surface hands its drawing. Every member is owned here;
 // devices, canvases, shaders, the dash effect and the typeface are
@@ -44,7 +44,7 @@ class VYR_EXPORT VYR2DGSkiaDrawingContext : public VYR2DGDrawingContext {
   VYRRasterShader* _pStrokeShader = nullptr;       // gradient or pattern of strokes
   VYRRasterShader* _pFillShader = nullptr;         // gradient or pattern of fills
   VYRRasterPathEffect* _pDashEffect = nullptr;     // dashes of strokes
-  VYRBaseUnknown* _pTypeface = nullptr;            // typeface chosen by font name
+  VYRRasterTypeface* _pTypeface = nullptr;         // typeface chosen by font name
   VYRRasterBitmap* _pMaskBitmap = nullptr;         // over the mask pixel buffer
   VYRRasterDevice* _pMaskDevice = nullptr;         // over _pMaskBitmap
   VYRRasterCanvas* _pMaskCanvas = nullptr;         // over _pMaskDevice

@@ -26,6 +26,7 @@
 #include "VYRPrintGradientStop.h"
 #include "VYRPrtFilterContainerElt.h"
 #include "VYRPrtFilterGaussianBlurElt.h"
+#include "VYRUnicodeString.h"
 
 namespace fs = std::filesystem;
 using nlohmann::json;
@@ -76,12 +77,6 @@ Limits LimitsOf(const fs::path& i_folder, const std::string& i_scene) {
     columns >> limits.over16 >> limits.solid16 >> limits.mean;
   }
   return limits;
-}
-
-// Ops of drawing features this engine does not provide yet.
-const std::set<std::string>& UnavailableOps() {
-  static const std::set<std::string> ops{"font", "text"};
-  return ops;
 }
 
 VYRMathPoint2Df Point(const json& i_value) { return {i_value[0].get<float>(), i_value[1].get<float>()}; }
@@ -150,7 +145,8 @@ class SceneReplayer {
       for (const json& pathOp : i_op.at("path")) Play(pathOp);
       _drawing.ApplyClip();
       _drawing.SetBuildingClipPath(false);
-    } else if (!PlayPathOp(op, i_op) && !PlayShape(op, i_op) && !PlayPaintServer(op, i_op)) {
+    } else if (!PlayPathOp(op, i_op) && !PlayShape(op, i_op) && !PlayPaintServer(op, i_op) &&
+               !PlayText(op, i_op)) {
       ADD_FAILURE() << "unknown op " << op;
     }
   }
@@ -269,6 +265,23 @@ class SceneReplayer {
     return true;
   }
 
+  bool PlayText(const std::string& op, const json& i_op) {
+    if (op == "font") {
+      _drawing.SetFont(VYRUnicodeString("DejaVu Sans"));
+      _drawing.SetTextHeight(i_op.at("size"));
+      _drawing.SetTextWeight(i_op.value("bold", false) ? eTextWeightBold : eTextWeightNormal);
+      _drawing.SetTextStyleFlags(i_op.value("italic", false) ? eTextStyleItalic : 0);
+      _drawing.SetTextAlign(static_cast<VYR2DGTextAlign>(i_op.value("align", 0)));
+    } else if (op == "text") {
+      _drawing.SetFillMode(static_cast<VYRPrintFillMode>(i_op.value("fillMode", 1)));
+      _drawing.SetStrokeMode(static_cast<VYRPrintEdgeMode>(i_op.value("strokeMode", 0)));
+      _drawing.DrawTextW(Point(i_op.at("p")), VYRUnicodeString(i_op.at("text").get<std::string>()), false);
+    } else {
+      return false;
+    }
+    return true;
+  }
+
   VYR2DGDrawing& _drawing;
 };
 
@@ -335,11 +348,6 @@ TEST_P(SkiaReference, MatchesTheReferencePixels) {
   const std::string scene = GetParam();
   std::ifstream file(folder / (scene + ".json"));
   const json document = json::parse(file);
-  for (const json& op : document.at("ops")) {
-    const std::string name = op.at("op");
-    if (UnavailableOps().count(name) != 0) GTEST_SKIP() << "uses " << name << ", not available yet";
-  }
-
   const int width = document.at("width"), height = document.at("height");
   VYR2DGSkiaSupport support(width, height);
   VYR2DGSkiaDrawing drawing(support.GetDrawingContext());

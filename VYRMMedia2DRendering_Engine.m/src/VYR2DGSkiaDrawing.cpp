@@ -1,7 +1,10 @@
 #include "VYR2DGSkiaDrawing.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
+#include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -9,6 +12,7 @@
 #include "VYR2DGSkiaDrawingContext.h"
 #include "VYR3x3Matrix.h"
 #include "VYRAssert.h"
+#include "VYRFont.h"
 #include "VYRMathVector2D.h"
 #include "VYRRasterBitmap.h"
 #include "VYRRasterCanvas.h"
@@ -24,6 +28,8 @@
 #include "VYRRasterBitmapShader.h"
 #include "VYRRasterLinearGradient.h"
 #include "VYRRasterRadialGradient.h"
+#include "VYRRasterText.h"
+#include "VYRRasterTypeface.h"
 
 VYR_IMPLEMENT_ABSTRACT_CLASS(VYR2DGSkiaDrawing, VYR2DGDrawing, "VYRMMedia2DRendering_Engine")
 
@@ -246,11 +252,6 @@ VYRRasterPath* VYR2DGSkiaDrawing::CheckedPath_() const {
   if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return nullptr;
   VYRRasterPath* pPath = Path_();
   return VYR_CHECK_POINTER(pPath) ? pPath : nullptr;
-}
-
-void VYR2DGSkiaDrawing::ReportNotAvailable_(const char* i_operation) const {
-  const std::string text = std::string(i_operation) + " is not available yet";
-  VYRReportFailedCondition(text.c_str(), __FILE__, __LINE__);
 }
 
 // ---- Flush and clears
@@ -788,13 +789,61 @@ void VYR2DGSkiaDrawing::SetFillRule(VYRPrintFillRule i_rule) {
   if (VYRRasterPath* pPath = CheckedPath_()) pPath->setFillType(RasterFillType(i_rule));
 }
 
-void VYR2DGSkiaDrawing::SetSubpixelPositioning(bool i_subpixel) {
-  if (!VYR_CHECK_POINTER(_pSkDrawingCtx) || !VYR_CHECK_POINTER_TEXT(_pSkDrawingCtx->_pPaint, "_pSkDrawingCtx->_pPaint")) {
-    return;
+// ---- Text
+
+namespace {
+
+VYRRasterPaint::Align RasterTextAlign(VYR2DGTextAlign i_align) {
+  switch (static_cast<int>(i_align)) {
+    case eTextAlignCenter: return VYRRasterPaint::kCenter_Align;
+    case eTextAlignRight: return VYRRasterPaint::kRight_Align;
+    default: return VYRRasterPaint::kLeft_Align;
   }
-  VYRRasterPaint& paint = *_pSkDrawingCtx->_pPaint;
-  const uint32_t flags = paint.getFlags();
-  paint.setFlags(i_subpixel ? flags | VYRRasterPaint::kSubpixelText_Flag : flags & ~uint32_t{VYRRasterPaint::kSubpixelText_Flag});
+}
+
+VYRRasterPaint::Hinting RasterHinting(VYR2DGTextHinting i_hinting) {
+  switch (static_cast<int>(i_hinting)) {
+    case eTextHintingNone: return VYRRasterPaint::kNo_Hinting;
+    case eTextHintingSlight: return VYRRasterPaint::kSlight_Hinting;
+    case eTextHintingFull: return VYRRasterPaint::kFull_Hinting;
+    default: return VYRRasterPaint::kNormal_Hinting;
+  }
+}
+
+// Italic wins over oblique, which the paint's skew draws instead; a weight other than 1 is normal.
+VYRRasterTypeface::Style TypefaceStyle(VYR2DGTextWeight i_weight, int i_styleFlags) {
+  const bool bold = i_weight == eTextWeightBold;
+  if ((i_styleFlags & eTextStyleItalic) != 0) return bold ? VYRRasterTypeface::kBoldItalic : VYRRasterTypeface::kItalic;
+  return bold ? VYRRasterTypeface::kBold : VYRRasterTypeface::kNormal;
+}
+
+// The text's UTF-8 bytes in a zeroed buffer of four bytes per character
+// (null when it cannot be had); o_length receives the byte length.
+std::unique_ptr<char[]> Utf8Buffer(const VYRUnicodeString& i_text, int& o_length) {
+  const size_t size = std::min<size_t>(4 * static_cast<size_t>(i_text.GetLengthInChar()) + 1, INT_MAX);
+  std::unique_ptr<char[]> pBuffer(new (std::nothrow) char[size]());
+  o_length = pBuffer != nullptr ? std::max(i_text.ConvertToUTF8(pBuffer.get(), static_cast<int>(size)), 0) : 0;
+  return pBuffer;
+}
+
+}  // namespace
+
+VYRRasterPaint* VYR2DGSkiaDrawing::CheckedPaint_() const {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return nullptr;
+  VYRRasterPaint* pPaint = _pSkDrawingCtx->_pPaint;
+  return VYR_CHECK_POINTER_TEXT(pPaint, "_pSkDrawingCtx->_pPaint") ? pPaint : nullptr;
+}
+
+void VYR2DGSkiaDrawing::SetSubpixelPositioning(bool i_subpixel) {
+  if (VYRRasterPaint* pPaint = CheckedPaint_()) pPaint->setFlag(VYRRasterPaint::kSubpixelText_Flag, i_subpixel);
+}
+
+void VYR2DGSkiaDrawing::SetSubpixelRendering(bool i_subpixel) {
+  if (VYRRasterPaint* pPaint = CheckedPaint_()) pPaint->setFlag(VYRRasterPaint::kLCDRenderText_Flag, i_subpixel);
+}
+
+void VYR2DGSkiaDrawing::SetHinting(VYR2DGTextHinting i_hinting) {
+  if (VYRRasterPaint* pPaint = CheckedPaint_()) pPaint->setHinting(RasterHinting(i_hinting));
 }
 
 void VYR2DGSkiaDrawing::SetFont(VYRFont* i_pFont) {
@@ -804,18 +853,72 @@ void VYR2DGSkiaDrawing::SetFont(VYRFont* i_pFont) {
   _pSkDrawingCtx->_pTypeface = nullptr;
 }
 
-// ---- Not available yet: text.
+void VYR2DGSkiaDrawing::SetFont(const VYRUnicodeString& i_name) {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return;
+  SetFont(static_cast<VYRFont*>(nullptr));
+  _pSkDrawingCtx->_pTypeface = VYRRasterTypeface::CreateFromName(i_name.CastToCharPtr(), VYRRasterTypeface::kNormal);
+}
 
-void VYR2DGSkiaDrawing::DrawTextW(const VYRMathPoint2Df&, const VYRUnicodeString&, bool) {
-  ReportNotAvailable_("DrawTextW");
+void VYR2DGSkiaDrawing::PrepareTextPaint_(VYRRasterPaint& io_paint) const {
+  // Fonts' faces are shared by file, so reading a font "anew" at every call costs a look-up.
+  VYRRasterTypeface* pBase = nullptr;
+  if (_pFont != nullptr) {
+    pBase = VYRRasterTypeface::CreateFromFile(_pFont->GetFontFilePath().CastToCharPtr(), _pFont->GetFaceIndex());
+  } else if (_pSkDrawingCtx->_pTypeface != nullptr) {
+    pBase = _pSkDrawingCtx->_pTypeface;
+    pBase->AddRef();
+  }
+  io_paint.setFlag(VYRRasterPaint::kUnderlineText_Flag, (_textStyleFlags & eTextStyleUnderline) != 0);
+  io_paint.setFlag(VYRRasterPaint::kStrikeThruText_Flag, (_textStyleFlags & eTextStyleStrikeThrough) != 0);
+  io_paint.setFlag(VYRRasterPaint::kVerticalText_Flag, (_textStyleFlags & eTextStyleVertical) != 0);
+  if ((_textStyleFlags & eTextStyleItalic) == 0 && (_textStyleFlags & eTextStyleOblique) != 0) {
+    io_paint.setTextSkewX(-0.25f);
+  }
+  VYRRasterTypeface* pStyled = VYRRasterTypeface::CreateFromTypeface(pBase, TypefaceStyle(_textWeight, _textStyleFlags));
+  io_paint.setTypeface(pStyled);
+  if (pStyled != nullptr) pStyled->Release();
+  if (pBase != nullptr) pBase->Release();
+  io_paint.setTextSize(_textHeight);
+  io_paint.setTextAlign(RasterTextAlign(_textAlign));
 }
-void VYR2DGSkiaDrawing::SetFont(const VYRUnicodeString&) { ReportNotAvailable_("SetFont"); }
-int VYR2DGSkiaDrawing::GetTextAdvanceWidth(const VYRUnicodeString&) const {
-  ReportNotAvailable_("GetTextAdvanceWidth");
-  return 0;
+
+void VYR2DGSkiaDrawing::DrawTextW(const VYRMathPoint2Df& i_origin, const VYRUnicodeString& i_text, bool i_mirror) {
+  VYRRasterPaint* pPaint = CheckedPaint_();
+  if (pPaint == nullptr) return;
+  PrepareTextPaint_(*pPaint);
+  int length = 0;
+  std::unique_ptr<char[]> pText = Utf8Buffer(i_text, length);
+  VYRRasterCanvas* pCanvas = Canvas_();
+  if (VYR_CHECK_POINTER(pText) && VYR_CHECK_POINTER(pCanvas)) {
+    VYRRasterPath textPath;
+    VYRRasterText::GetTextPath(*pPaint, pText.get(), length, i_origin.x, i_origin.y, &textPath);
+    // (x, y) -> (x, 2 origin.y - y): upside down about the baseline, for y-up transforms.
+    if (i_mirror) textPath.transform(VYRRasterMatrix::MakeAll(1.0f, 0.0f, 0.0f, 0.0f, -1.0f, 2.0f * i_origin.y));
+    // Fill first, then the stroke over it, each with its own mode; text takes no knockout.
+    if (_fillMode != eFillModeNone) {
+      ApplyFillMode(_fillMode);
+      pCanvas->drawPath(textPath, *pPaint);
+    }
+    if (_strokeMode != eEdgeModeNone) {
+      ApplyStrokeMode(_strokeMode);
+      pCanvas->drawPath(textPath, *pPaint);
+    }
+  }
+  // The oblique slant is this call's; typeface, size, alignment and decorations stay on the paint.
+  if ((_textStyleFlags & eTextStyleOblique) != 0) pPaint->setTextSkewX(0.0f);
 }
-void VYR2DGSkiaDrawing::SetSubpixelRendering(bool) { ReportNotAvailable_("SetSubpixelRendering"); }
-void VYR2DGSkiaDrawing::SetHinting(VYR2DGTextHinting) { ReportNotAvailable_("SetHinting"); }
+
+int VYR2DGSkiaDrawing::GetTextAdvanceWidth(const VYRUnicodeString& i_text) const {
+  if (!VYR_CHECK_POINTER(_pSkDrawingCtx)) return 0;
+  int length = 0;
+  const std::unique_ptr<char[]> pText = Utf8Buffer(i_text, length);
+  if (!VYR_CHECK_POINTER(pText)) return 0;
+  VYRRasterPaint* pPaint = CheckedPaint_();
+  if (pPaint == nullptr) return 0;
+  const float width = std::floor(VYRRasterText::MeasureText(*pPaint, pText.get(), length) + 0.5f);
+  // Sizes beyond the int range (or NaN) measure as nothing rather than overflow.
+  return width > -2147483648.0f && width < 2147483648.0f ? static_cast<int>(width) : 0;
+}
 
 // ---- Gradients and patterns
 

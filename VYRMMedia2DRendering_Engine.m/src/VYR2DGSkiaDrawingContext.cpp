@@ -10,6 +10,7 @@
 #include "VYRRasterPath.h"
 #include "VYRRasterPathEffect.h"
 #include "VYRRasterShader.h"
+#include "VYRRasterTypeface.h"
 
 VYR_IMPLEMENT_CLASS(VYR2DGSkiaDrawingContext, VYR2DGDrawingContext, "VYRMMedia2DRendering_Engine")
 

@@ -20,6 +20,7 @@ long ToFixed(float i_value) { return std::lround(i_value * 64.0f); }
 struct SpanTarget {
   VYRRasterMask* mask;
   bool covered = false;
+  bool accumulate = false;  // add to the coverage already there (outline drawn in parts)
 };
 
 void WriteSpans(int i_y, int i_count, const FT_Span* i_spans, void* i_user) {
@@ -31,7 +32,13 @@ void WriteSpans(int i_y, int i_count, const FT_Span* i_spans, void* i_user) {
     const int from = std::max<int>(i_spans[i].x, mask->bounds.left);
     const int to = std::min<int>(i_spans[i].x + i_spans[i].len, mask->bounds.right);
     if (from < to && i_spans[i].coverage != 0) {
-      std::memset(row + (from - mask->bounds.left), i_spans[i].coverage, static_cast<size_t>(to - from));
+      uint8_t* pixel = row + (from - mask->bounds.left);
+      if (target->accumulate) {
+        for (int x = from; x < to; ++x, ++pixel)
+          *pixel = static_cast<uint8_t>(std::min(*pixel + i_spans[i].coverage, 255));
+      } else {
+        std::memset(pixel, i_spans[i].coverage, static_cast<size_t>(to - from));
+      }
       target->covered = true;
     }
   }
@@ -111,8 +118,10 @@ bool HasCurves(const VYRRasterPath& i_path) {
 
 // FreeType adds up the coverage of overlapping parts at anti-aliased edges, where a union is
 // wanted, so only outlines that never overlap themselves go to it: one convex contour (curves
-// allowed, judged by their control points) or one simple polygon.
+// allowed, judged by their control points) or one simple polygon; or a path whose builder
+// vouches for it, such as glyph outlines, which font renderers sum the same way.
 bool NeverOverlapsItself(const VYRRasterPath& i_path) {
+  if (i_path.isNonOverlapping()) return true;
   const std::vector<VYRMathPoint2Df> ring = SingleRing(i_path);
   if (ring.size() < 3) return false;
   return IsConvexRing(ring) || (!HasCurves(i_path) && IsSimplePolygon(ring));
@@ -188,27 +197,69 @@ bool VYRFreeTypeCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_ant
   if (!bounds.intersect(i_clip)) return false;
   o_mask->allocate(bounds, 0);
 
-  FT_Outline outline{};
-  outline.n_points = static_cast<short>(_tags.size());
-  outline.n_contours = static_cast<short>(_contourEnds.size());
-  outline.points = reinterpret_cast<FT_Vector*>(_points.data());
-  outline.tags = _tags.data();
-  outline.contours = _contourEnds.data();
   const bool evenOdd = i_devicePath.getFillType() == VYRRasterPath::kEvenOdd_FillType ||
                        i_devicePath.getFillType() == VYRRasterPath::kInverseEvenOdd_FillType;
-  outline.flags = evenOdd ? FT_OUTLINE_EVEN_ODD_FILL : FT_OUTLINE_NONE;
-
   SpanTarget target{o_mask};
+  // The rasteriser keeps each row's cells in a list it walks for every new cell, so a long
+  // run of glyphs costs far more at once than glyph by glyph. Contours of a vouched-for path
+  // are therefore drawn in groups side by side, their coverage added up.
+  target.accumulate = i_devicePath.isNonOverlapping() && _contourEnds.size() > 1;
+  short first = 0;
+  while (first < static_cast<short>(_contourEnds.size())) {
+    const short last = target.accumulate ? LastContourOfGroup(first) : static_cast<short>(_contourEnds.size() - 1);
+    if (!RenderContours(first, last, evenOdd, bounds, &target))
+      return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
+    first = static_cast<short>(last + 1);
+  }
+  if (!target.covered) *o_mask = VYRRasterMask();
+  return target.covered;
+}
+
+short VYRFreeTypeCoverage::LastContourOfGroup(short i_first) const {
+  // Contours join the group while they reach back within its horizontal extent.
+  const auto extent = [&](short i_contour, long* o_left, long* o_right) {
+    const size_t from = i_contour == 0 ? 0 : static_cast<size_t>(_contourEnds[i_contour - 1] + 1);
+    *o_left = LONG_MAX;
+    *o_right = LONG_MIN;
+    for (size_t i = from; i <= static_cast<size_t>(_contourEnds[i_contour]); ++i) {
+      *o_left = std::min(*o_left, _points[2 * i]);
+      *o_right = std::max(*o_right, _points[2 * i]);
+    }
+  };
+  long groupLeft, groupRight;
+  extent(i_first, &groupLeft, &groupRight);
+  short last = i_first;
+  while (last + 1 < static_cast<short>(_contourEnds.size())) {
+    long left, right;
+    extent(static_cast<short>(last + 1), &left, &right);
+    if (right <= groupLeft || left >= groupRight) break;
+    groupLeft = std::min(groupLeft, left);
+    groupRight = std::max(groupRight, right);
+    ++last;
+  }
+  return last;
+}
+
+bool VYRFreeTypeCoverage::RenderContours(short i_first, short i_last, bool i_evenOdd, const VYRRasterIRect& i_clip,
+                                         void* io_target) {
+  const short firstPoint = i_first == 0 ? 0 : static_cast<short>(_contourEnds[i_first - 1] + 1);
+  _groupEnds.assign(_contourEnds.begin() + i_first, _contourEnds.begin() + i_last + 1);
+  for (short& end : _groupEnds) end = static_cast<short>(end - firstPoint);
+  FT_Outline outline{};
+  outline.n_points = static_cast<short>(_contourEnds[i_last] + 1 - firstPoint);
+  outline.n_contours = static_cast<short>(_groupEnds.size());
+  outline.points = reinterpret_cast<FT_Vector*>(_points.data()) + firstPoint;
+  outline.tags = _tags.data() + firstPoint;
+  outline.contours = _groupEnds.data();
+  outline.flags = i_evenOdd ? FT_OUTLINE_EVEN_ODD_FILL : FT_OUTLINE_NONE;
+
   FT_Raster_Params params{};
   params.source = &outline;
   params.flags = FT_RASTER_FLAG_AA | FT_RASTER_FLAG_DIRECT | FT_RASTER_FLAG_CLIP;
   params.gray_spans = &WriteSpans;
-  params.user = &target;
-  params.clip_box = {bounds.left, bounds.top, bounds.right, bounds.bottom};
-  if (FT_Outline_Render(static_cast<FT_Library>(_library), &outline, &params) != 0)
-    return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
-  if (!target.covered) *o_mask = VYRRasterMask();
-  return target.covered;
+  params.user = io_target;
+  params.clip_box = {i_clip.left, i_clip.top, i_clip.right, i_clip.bottom};
+  return FT_Outline_Render(static_cast<FT_Library>(_library), &outline, &params) == 0;
 }
 
 bool VYRFreeTypeCoverage::StrokePath(const VYRRasterPath& i_localPath, const VYRRasterMatrix& i_matrix,

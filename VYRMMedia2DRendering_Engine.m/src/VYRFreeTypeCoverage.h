@@ -6,7 +6,8 @@
 #include "VYRCairoCoverage.h"
 
 // Anti-aliased fills of convex outlines (rectangles, circles, ellipses, rounded rectangles,
-// triangles) by FreeType's exact-area outline rasteriser, which hands over covered spans
+// triangles), simple polygons and paths vouched not to overlap (glyph outlines) by FreeType's
+// exact-area outline rasteriser, which hands over covered spans
 // directly: no per-fill surface or context to set up, which is most of what a small fill
 // costs through Cairo. Everything else goes to Cairo: strokes, aliased fills, outlines that
 // may overlap themselves (FreeType would add up their edge coverage instead of uniting it),
@@ -26,10 +27,15 @@ class VYR_EXPORT VYRFreeTypeCoverage : public VYRRasterCoverage {
  private:
   // Builds the FreeType outline of a path in 26.6 fixed point; false when it cannot hold it.
   bool BuildOutline(const VYRRasterPath& i_path);
+  // The last of the contours from i_first on whose horizontal extents chain into one another.
+  short LastContourOfGroup(short i_first) const;
+  // Renders contours i_first..i_last of the built outline into a SpanTarget (io_target).
+  bool RenderContours(short i_first, short i_last, bool i_evenOdd, const VYRRasterIRect& i_clip, void* io_target);
 
   VYRCairoCoverage _cairo;
   void* _library = nullptr;  // FT_Library, kept out of this header
   std::vector<long> _points;  // x, y pairs (FT_Pos)
   std::vector<char> _tags;
   std::vector<short> _contourEnds;
+  std::vector<short> _groupEnds;  // contour ends of the group being rendered
 };

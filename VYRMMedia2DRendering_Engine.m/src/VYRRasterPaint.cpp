@@ -3,6 +3,7 @@
 #include "VYRRasterContours.h"
 #include "VYRRasterImageFilter.h"
 #include "VYRRasterStrokeOutline.h"
+#include "VYRRasterTypeface.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,7 +34,7 @@ void VYRRasterPaint::copyFrom(const VYRRasterPaint& i_other) {
   VYRRasterShader* shader = i_other._pShader;
   VYRRasterPathEffect* effect = i_other._pPathEffect;
   VYRRasterImageFilter* filter = i_other._pImageFilter;
-  VYRBaseUnknown* typeface = i_other._pTypeface;
+  VYRRasterTypeface* typeface = i_other._pTypeface;
   Assign(_pShader, shader);
   Assign(_pPathEffect, effect);
   Assign(_pImageFilter, filter);
@@ -50,6 +51,8 @@ void VYRRasterPaint::copyFrom(const VYRRasterPaint& i_other) {
   _textSize = i_other._textSize;
   _textSkewX = i_other._textSkewX;
   _textScaleX = i_other._textScaleX;
+  _textAlign = i_other._textAlign;
+  _hinting = i_other._hinting;
   _flags = i_other._flags;
   _textEncoding = i_other._textEncoding;
 }
@@ -58,7 +61,7 @@ void VYRRasterPaint::releaseRefs() {
   Assign<VYRRasterShader>(_pShader, nullptr);
   Assign<VYRRasterPathEffect>(_pPathEffect, nullptr);
   Assign<VYRRasterImageFilter>(_pImageFilter, nullptr);
-  Assign<VYRBaseUnknown>(_pTypeface, nullptr);
+  Assign<VYRRasterTypeface>(_pTypeface, nullptr);
 }
 
 void VYRRasterPaint::reset() {
@@ -75,6 +78,8 @@ void VYRRasterPaint::reset() {
   _textSize = 12.0f;
   _textSkewX = 0.0f;
   _textScaleX = 1.0f;
+  _textAlign = kLeft_Align;
+  _hinting = kNormal_Hinting;
   _flags = 0;
   _textEncoding = kUTF8_TextEncoding;
 }
@@ -103,7 +108,9 @@ VYRRasterPathEffect* VYRRasterPaint::setPathEffect(VYRRasterPathEffect* ipEffect
   return Assign(_pPathEffect, ipEffect);
 }
 VYRRasterImageFilter* VYRRasterPaint::setImageFilter(VYRRasterImageFilter* ipFilter) { return Assign(_pImageFilter, ipFilter); }
-VYRBaseUnknown* VYRRasterPaint::setTypeface(VYRBaseUnknown* ipTypeface) { return Assign(_pTypeface, ipTypeface); }
+VYRRasterTypeface* VYRRasterPaint::setTypeface(VYRRasterTypeface* ipTypeface) {
+  return Assign(_pTypeface, ipTypeface);
+}
 
 bool VYRRasterPaint::getFillPath(const VYRRasterPath& i_src, VYRRasterPath* o_dst, float i_resScale) const {
   if (!o_dst) return false;

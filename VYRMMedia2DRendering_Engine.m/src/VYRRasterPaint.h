@@ -9,6 +9,7 @@
 #include "VYRRasterShader.h"
 
 class VYRRasterImageFilter;
+class VYRRasterTypeface;
 
 // How a draw paints: colour or shader, style and stroke settings, transfer mode, path effect.
 // Holds one reference on its shader, path effect, image filter and typeface.
@@ -18,8 +19,19 @@ class VYR_EXPORT VYRRasterPaint {
   enum Cap { kButt_Cap, kRound_Cap, kSquare_Cap };
   enum Join { kMiter_Join, kRound_Join, kBevel_Join };
   enum TextEncoding { kUTF8_TextEncoding, kUTF16_TextEncoding, kGlyphID_TextEncoding };
-  // Placeholder text flags for the text drawing to come.
-  enum Flags { kAntiAlias_Flag = 0x01, kFakeBoldText_Flag = 0x20, kSubpixelText_Flag = 0x80 };
+  enum Flags {
+    kAntiAlias_Flag = 0x01,
+    kUnderlineText_Flag = 0x08,
+    kStrikeThruText_Flag = 0x10,
+    kFakeBoldText_Flag = 0x20,
+    kSubpixelText_Flag = 0x80,
+    kLCDRenderText_Flag = 0x200,
+    kVerticalText_Flag = 0x1000
+  };
+  // Where text stands from its anchor: the anchor starts, centres or ends the advance.
+  enum Align { kLeft_Align, kCenter_Align, kRight_Align };
+  // Kept for callers; text is drawn from unhinted outlines whatever the setting.
+  enum Hinting { kNo_Hinting, kSlight_Hinting, kNormal_Hinting, kFull_Hinting };
 
   VYRRasterPaint();
   VYRRasterPaint(const VYRRasterPaint& i_other);
@@ -27,7 +39,8 @@ class VYR_EXPORT VYRRasterPaint {
   ~VYRRasterPaint();
 
   // Back to the defaults: opaque black, fill, aliased, hairline width 0, butt caps, miter joins,
-  // miter limit 4, source-over, no shader, effect, filter or typeface, text size 12.
+  // miter limit 4, source-over, no shader, effect, filter or typeface, text size 12, left
+  // aligned, normal hinting.
   void reset();
 
   uint32_t getColor() const { return _color; }  // straight 0xAARRGGBB
@@ -67,16 +80,23 @@ class VYR_EXPORT VYRRasterPaint {
   // destination-in; other modes composite as plain modes); -1 for none.
   int getLumaMaskMode() const { return _lumaMaskMode; }
   void setLumaMaskMode(int i_mode) { _lumaMaskMode = i_mode; }
-  VYRBaseUnknown* getTypeface() const { return _pTypeface; }
-  VYRBaseUnknown* setTypeface(VYRBaseUnknown* ipTypeface);
+  // Null stands for the default typeface.
+  VYRRasterTypeface* getTypeface() const { return _pTypeface; }
+  VYRRasterTypeface* setTypeface(VYRRasterTypeface* ipTypeface);
   float getTextSize() const { return _textSize; }
   void setTextSize(float i_size) { _textSize = i_size; }
   float getTextSkewX() const { return _textSkewX; }
   void setTextSkewX(float i_skew) { _textSkewX = i_skew; }
   float getTextScaleX() const { return _textScaleX; }
   void setTextScaleX(float i_scale) { _textScaleX = i_scale; }
+  Align getTextAlign() const { return _textAlign; }
+  void setTextAlign(Align i_align) { _textAlign = i_align; }
+  Hinting getHinting() const { return _hinting; }
+  void setHinting(Hinting i_hinting) { _hinting = i_hinting; }
   uint32_t getFlags() const { return _flags; }
   void setFlags(uint32_t i_flags) { _flags = i_flags; }
+  // Sets or clears one flag.
+  void setFlag(Flags i_flag, bool i_on) { _flags = i_on ? _flags | i_flag : _flags & ~uint32_t{i_flag}; }
   TextEncoding getTextEncoding() const { return _textEncoding; }
   void setTextEncoding(TextEncoding i_encoding) { _textEncoding = i_encoding; }
 
@@ -103,11 +123,13 @@ class VYR_EXPORT VYRRasterPaint {
   VYRRasterShader* _pShader = nullptr;
   VYRRasterPathEffect* _pPathEffect = nullptr;
   VYRRasterImageFilter* _pImageFilter = nullptr;
-  VYRBaseUnknown* _pTypeface = nullptr;
+  VYRRasterTypeface* _pTypeface = nullptr;
   int _lumaMaskMode;
   float _textSize;
   float _textSkewX;
   float _textScaleX;
+  Align _textAlign;
+  Hinting _hinting;
   uint32_t _flags;
   TextEncoding _textEncoding;
 };

@@ -22,6 +22,7 @@ void VYRRasterPath::reset() {
   _fillType = kWinding_FillType;
   _lastMoveIndex = -1;
   _contourOpen = false;
+  _nonOverlapping = false;
 }
 
 bool VYRRasterPath::isFinite() const {
@@ -52,6 +53,7 @@ VYRRasterRect VYRRasterPath::getBounds() const {
 }
 
 void VYRRasterPath::moveTo(float x, float y) {
+  _nonOverlapping = false;
   // Consecutive moves: the last one wins, as a lone move draws nothing.
   if (!_verbs.empty() && _verbs.back() == kMove_Verb) {
     _points.back() = VYRMathPoint2Df(x, y);
@@ -64,6 +66,7 @@ void VYRRasterPath::moveTo(float x, float y) {
 }
 
 void VYRRasterPath::injectMoveToIfNeeded() {
+  _nonOverlapping = false;
   if (_contourOpen) return;
   VYRMathPoint2Df start;
   if (_lastMoveIndex >= 0) start = _points[_lastMoveIndex];
@@ -193,6 +196,7 @@ void VYRRasterPath::addPath(const VYRRasterPath& i_src, float dx, float dy) {
 }
 
 void VYRRasterPath::addPath(const VYRRasterPath& i_src, const VYRRasterMatrix& i_matrix) {
+  _nonOverlapping = false;
   // A copy first: i_src may be this path.
   const std::vector<uint8_t> verbs = i_src._verbs;
   std::vector<VYRMathPoint2Df> pts = i_src._points;

@@ -21,6 +21,11 @@ class VYR_EXPORT VYRRasterPath {
   FillType getFillType() const { return _fillType; }
   void setFillType(FillType i_type) { _fillType = i_type; }
   bool isInverseFillType() const { return _fillType >= kInverseWinding_FillType; }
+  // The builder's word that no two parts of the fill overlap but where nested contours cut
+  // holes, as in glyph outlines: coverage may then be summed contour by contour. Adding
+  // geometry withdraws it; transforms keep it.
+  bool isNonOverlapping() const { return _nonOverlapping; }
+  void setNonOverlapping(bool i_nonOverlapping) { _nonOverlapping = i_nonOverlapping; }
 
   // Empties the path and sets the fill type back to winding.
   void reset();
@@ -98,4 +103,5 @@ class VYR_EXPORT VYRRasterPath {
   FillType _fillType = kWinding_FillType;
   int _lastMoveIndex = -1;      // point index of the current contour's move, -1 when none
   bool _contourOpen = false;    // false after close() or before the first moveTo
+  bool _nonOverlapping = false;
 };
