@@ -380,9 +380,14 @@ TEST(HostImport, TextAndEmbeddedImage) {
   pBitmap->GetPixelImage()->GetColorAtPixel(0, 0, r, g, b, a);
   EXPECT_EQ(g, 255);
   EXPECT_EQ(a, 255);
-  double width = 0.0, height = 0.0;
-  pBitmap->GetSize(width, height);
-  EXPECT_EQ(height, 40.0);
+  // The square image keeps its proportions, centred in its 30 x 40 area.
+  VYRMathPoint2D position;
+  double width = 0.0, height = 0.0, orientation = 0.0;
+  VYRPixelImage* pImage = nullptr;
+  pBitmap->GetParameters(position, width, height, orientation, pImage);
+  EXPECT_EQ(width, 30.0);
+  EXPECT_EQ(height, 30.0);
+  EXPECT_EQ(position.y, 7.0);
   EXPECT_EQ(doc.ChildCount(), 2);  // the unreadable image is left out
   EXPECT_TRUE(doc.HasMessage("PNG"));
 }
