@@ -2,6 +2,7 @@
 // back, refused sizes, and the round trip through a saved model.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -331,6 +332,94 @@ TEST(HostRenderPaint, PatternTransformsReferencesAndRecursion) {
   EXPECT_TRUE(Near(picture.At(7, 5), kRed));
   EXPECT_TRUE(Near(picture.At(2, 22), kBlue));  // the pattern inside itself paints nothing
   EXPECT_TRUE(Near(picture.At(7, 27), kClear));
+}
+
+// ---- Text
+
+// The box of the pixels with some alpha; false when there are none.
+struct Ink {
+  int left = 1 << 30, right = -1, top = 1 << 30, bottom = -1, count = 0;
+};
+Ink InkOf(const Rendered& i_picture) {
+  Ink ink;
+  if (i_picture.Image() == nullptr) {
+    ADD_FAILURE() << i_picture.Error();
+    return ink;
+  }
+  for (int y = 0; y < i_picture.Image()->GetHeight(); ++y) {
+    for (int x = 0; x < i_picture.Image()->GetWidth(); ++x) {
+      if (i_picture.At(x, y).a < 128) continue;
+      ink.left = std::min(ink.left, x);
+      ink.right = std::max(ink.right, x);
+      ink.top = std::min(ink.top, y);
+      ink.bottom = std::max(ink.bottom, y);
+      ++ink.count;
+    }
+  }
+  return ink;
+}
+
+std::string TextSvg(const std::string& i_attributes, const std::string& i_text = "Hamburg", int i_size = 20) {
+  return Svg("<text x='100' y='40' font-family='sans-serif' font-size='" + std::to_string(i_size) + "' " +
+                 i_attributes + ">" + i_text + "</text>",
+             "width='200' height='60'");
+}
+
+TEST(HostRenderText, GlyphsSitOnTheBaselineFromTheAnchor) {
+  Rendered start(TextSvg("fill='blue'"));
+  ASSERT_NE(start.Image(), nullptr);
+  const Ink ink = InkOf(start);
+  ASSERT_GT(ink.count, 100);
+  EXPECT_GE(ink.left, 100);
+  EXPECT_LE(ink.left, 103);
+  EXPECT_LE(ink.bottom, 45);  // the g descends below the baseline
+  EXPECT_GE(ink.bottom, 41);
+  EXPECT_GE(ink.top, 40 - 20);
+  EXPECT_TRUE(Near(start.At(ink.left + 1, 30), kBlue, 60));  // the stem of the H
+
+  Rendered middle(TextSvg("fill='blue' text-anchor='middle'"));
+  const Ink centred = InkOf(middle);
+  EXPECT_NEAR((centred.left + centred.right) / 2.0, 100.0, 3.0);
+  Rendered end(TextSvg("fill='blue' text-anchor='end'"));
+  EXPECT_LE(InkOf(end).right, 100);
+  EXPECT_GE(InkOf(end).right, 96);
+}
+
+TEST(HostRenderText, WeightStyleAndSize) {
+  const Ink regular = InkOf(Rendered(TextSvg("")));
+  const Ink bold = InkOf(Rendered(TextSvg("font-weight='bold'")));
+  EXPECT_GT(bold.count, regular.count * 6 / 5);
+  const Ink italic = InkOf(Rendered(TextSvg("font-style='italic'", "I")));
+  const Ink upright = InkOf(Rendered(TextSvg("", "I")));
+  EXPECT_GT(italic.right - italic.left, upright.right - upright.left);  // the slanted stem is wider
+  const Ink small = InkOf(Rendered(TextSvg("", "Ham")));
+  const Ink larger = InkOf(Rendered(TextSvg("", "Ham", 40)));
+  EXPECT_NEAR(larger.right - larger.left, (small.right - small.left) * 2, 4);
+  // Nothing to paint with draws nothing.
+  EXPECT_EQ(InkOf(Rendered(TextSvg("fill='none'"))).count, 0);
+}
+
+TEST(HostRenderText, GradientFillStrokeAndGroupOpacity) {
+  Rendered picture(Svg("<linearGradient id='g' gradientUnits='userSpaceOnUse' x1='0' x2='200'>"
+                       "<stop offset='0.5' stop-color='red'/><stop offset='0.5' stop-color='blue'/></linearGradient>"
+                       "<text x='10' y='40' font-family='sans-serif' font-size='30' font-weight='bold' fill='url(#g)'>"
+                       "HHHHHHHHHHHH</text>",
+                       "width='200' height='60'"));
+  ASSERT_NE(picture.Image(), nullptr);
+  bool red = false, blue = false;
+  for (int x = 0; x < 200; ++x) {
+    const Rgba pixel = picture.At(x, 30);
+    if (x < 95 && Near(pixel, kRed)) red = true;
+    if (x > 105 && Near(pixel, kBlue)) blue = true;
+    EXPECT_FALSE(x < 95 && pixel.b > 8) << x;
+  }
+  EXPECT_TRUE(red);
+  EXPECT_TRUE(blue);
+  // A stroke over the fill in a faded text: one of the two at half alpha, never their sum.
+  Rendered faded(TextSvg("fill='red' stroke='blue' stroke-width='2' opacity='0.5'", "HHH"));
+  for (int y = 0; y < 60; ++y) {
+    for (int x = 0; x < 200; ++x) EXPECT_LE(faded.At(x, y).a, 129) << x << ", " << y;
+  }
 }
 
 // ---- The round trip through a saved model

@@ -35,6 +35,8 @@ namespace {
 constexpr int kMaximumDepth = 256;
 // Matrix and clip (the drawing's save flags 1 and 2).
 constexpr int kSaveMatrixAndClip = 3;
+// The family of text that names none, as user agents commonly choose.
+const char* const kDefaultFontFamily = "serif";
 // Pattern tiles are drawn no larger than this many pixels a side.
 constexpr double kMaximumTileSide = 4096.0;
 
@@ -545,7 +547,8 @@ void VYRModelRenderer::DrawText(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& 
     EndPaint();
     return;
   }
-  if (!attributes.GetFontFamily().IsEmpty()) _drawing.SetFont(attributes.GetFontFamily());
+  _drawing.SetFont(attributes.GetFontFamily().IsEmpty() ? VYRUnicodeString(kDefaultFontFamily)
+                                                         : attributes.GetFontFamily());
   _drawing.SetTextHeight(static_cast<float>(attributes.GetHeight()));
   _drawing.SetTextWeight(attributes.GetWeight() >= 600 ? eTextWeightBold : eTextWeightNormal);
   _drawing.SetTextStyleFlags(attributes.GetStyle() == MM2D::FontStyleItalic
