@@ -32,6 +32,8 @@
 #include "VYRPrtPathSegCurveToCubic.h"
 #include "VYRPrtPathSegCurveToQuadratic.h"
 #include "VYRPrtPathSegWithSinglePoint.h"
+#include "VYRPrtPatternElt.h"
+#include "VYRPrtMaskElt.h"
 #include "VYRPrtPolygonElt.h"
 #include "VYRPrtRectangleElt.h"
 #include "VYRPrtTextElt.h"
@@ -342,6 +344,42 @@ TEST(HostImport, ClipPathFilterAndUse) {
   EXPECT_NE(dynamic_cast<VYRPrtRectangleElt*>(pUse->GetChild(0)), nullptr);
 }
 
+TEST(HostImport, PatternsInheritThroughReferencesAndRegionsDefaultToTheViewport) {
+  Imported doc(Svg("<pattern id='base' patternUnits='userSpaceOnUse' width='20' height='40'"
+                   " patternTransform='translate(3 4)'><rect width='5' height='5'/><circle r='1'/></pattern>"
+                   "<pattern id='p' xlink:href='#base' height='10'/>"
+                   "<mask id='m' maskUnits='userSpaceOnUse'/>"
+                   "<filter id='f' filterUnits='userSpaceOnUse' width='50%'><feOffset/></filter>"
+                   "<rect width='1' height='1' fill='url(#p)' stroke='url(#p)' mask='url(#m)' filter='url(#f)'/>"));
+  auto* pRect = doc.Child<VYRPrtRectangleElt>(4);
+  ASSERT_NE(pRect, nullptr);
+  EXPECT_EQ(pRect->GetFillAttributes().GetFillStyle(), kHostFillPattern);
+  EXPECT_EQ(pRect->GetStrokeAttributes().GetStrokeMode(), kHostStrokePattern);
+  VYRPrtPatternElt* pPattern = pRect->GetPattern();
+  ASSERT_NE(pPattern, nullptr);
+  EXPECT_EQ(pPattern->GetID(), VYRUnicodeString("p"));
+  EXPECT_EQ(pPattern->GetUnits(), MM2D::UnitUserSpaceOnUse);
+  EXPECT_EQ(pPattern->GetRegion().GetWidth(), 20.0);   // inherited
+  EXPECT_EQ(pPattern->GetRegion().GetHeight(), 10.0);  // its own
+  const VYRMathPoint2D moved = [&] {
+    VYRMath3x3Matrix matrix;
+    pPattern->GetPatternTransform().GetTransformationMatrix(matrix);
+    return matrix * VYRMathPoint2D(0.0, 0.0);
+  }();
+  EXPECT_EQ(moved.x, 3.0);
+  EXPECT_EQ(pPattern->GetChildArray().GetLength(), 2);  // the referenced pattern's children
+
+  // In user units the default region reaches 10% of the viewport (100 x 80) beyond it.
+  const VYRPrtRegionAttributes& mask = pRect->GetMask()->GetRegion();
+  EXPECT_EQ(mask.GetX(), -10.0);
+  EXPECT_EQ(mask.GetY(), -8.0);
+  EXPECT_EQ(mask.GetWidth(), 120.0);
+  EXPECT_EQ(mask.GetHeight(), 96.0);
+  const VYRPrtRegionAttributes& filter = pRect->GetFilter()->GetRegion();
+  EXPECT_EQ(filter.GetX(), -10.0);
+  EXPECT_EQ(filter.GetWidth(), 50.0);
+}
+
 TEST(HostImport, TextAndEmbeddedImage) {
   // A 1 x 1 opaque green PNG, base64-encoded.
   auto* pPixels = new VYRPixelImage(1, 1, VYRPixelImageFormat_RGBA32);
@@ -389,6 +427,12 @@ TEST(HostImport, TextAndEmbeddedImage) {
   EXPECT_EQ(height, 30.0);
   EXPECT_EQ(position.y, 7.0);
   EXPECT_EQ(doc.ChildCount(), 2);  // the unreadable image is left out
+  // Given one side only, the other follows the image's proportions.
+  Imported widthOnly(Svg("<image width='30' xlink:href='" + uri + "'/>"));
+  auto* pSquare = widthOnly.Child<VYRPrtBitmapImageElt>(0);
+  ASSERT_NE(pSquare, nullptr);
+  pSquare->GetParameters(position, width, height, orientation, pImage);
+  EXPECT_EQ(height, 30.0);
   EXPECT_TRUE(doc.HasMessage("PNG"));
 }
 

@@ -567,9 +567,11 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportBitmap(const VYRIDOMElement_var
   }
   const double x = Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0);
   const double y = Length(i_element, "y", i_context, VYRSvgLengthAxis::eY, 0.0);
-  // A missing size is the image's own; the image is fitted into the area as preserveAspectRatio asks.
-  const double areaWidth = width > 0.0 ? width : pImage->GetWidth();
-  const double areaHeight = height > 0.0 ? height : pImage->GetHeight();
+  // A missing side follows from the other and the image's proportions, or is
+  // the image's own; the image is fitted into the area as preserveAspectRatio asks.
+  const double imageWidth = pImage->GetWidth(), imageHeight = pImage->GetHeight();
+  const double areaWidth = width > 0.0 ? width : (height > 0.0 ? height * imageWidth / imageHeight : imageWidth);
+  const double areaHeight = height > 0.0 ? height : (width > 0.0 ? width * imageHeight / imageWidth : imageHeight);
   VYRPrtViewBoxAttributes fit;
   fit.SetViewBox(0.0, 0.0, pImage->GetWidth(), pImage->GetHeight());
   const std::string aspect = Attribute(i_element, "preserveAspectRatio");
@@ -824,17 +826,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
     if (!VYR_CHECK_POINTER(pMask)) return nullptr;
     pMask->SetUnits(Units(Attribute(i_element, "maskUnits"), MM2D::UnitObjectBoundingBox));
     pMask->SetContentUnits(Units(Attribute(i_element, "maskContentUnits"), MM2D::UnitUserSpaceOnUse));
-    VYRPrtRegionAttributes region = pMask->GetRegion();
-    const bool boxUnits = pMask->GetUnits() == MM2D::UnitObjectBoundingBox;
-    auto read = [&](const char* i_attribute, VYRSvgLengthAxis i_axis, double i_default) {
-      return boxUnits ? Fraction(i_element, i_attribute, i_default)
-                      : Length(i_element, i_attribute, context, i_axis, i_default);
-    };
-    if (HasAttribute(i_element, "x")) region.SetX(read("x", VYRSvgLengthAxis::eX, region.GetX()));
-    if (HasAttribute(i_element, "y")) region.SetY(read("y", VYRSvgLengthAxis::eY, region.GetY()));
-    if (HasAttribute(i_element, "width")) region.SetWidth(read("width", VYRSvgLengthAxis::eX, region.GetWidth()));
-    if (HasAttribute(i_element, "height")) region.SetHeight(read("height", VYRSvgLengthAxis::eY, region.GetHeight()));
-    pMask->SetRegion(region);
+    pMask->SetRegion(EffectRegion(i_element, context, pMask->GetUnits() == MM2D::UnitObjectBoundingBox));
     ImportChildren(i_element, *pMask, context, i_depth);
     pElt = pMask;
   } else if (i_name == "marker") {
@@ -863,24 +855,35 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
   } else if (i_name == "pattern") {
     auto* pPattern = Create<VYRPrtPatternElt>();
     if (!VYR_CHECK_POINTER(pPattern)) return nullptr;
-    pPattern->SetUnits(Units(Attribute(i_element, "patternUnits"), MM2D::UnitObjectBoundingBox));
-    pPattern->SetContentUnits(Units(Attribute(i_element, "patternContentUnits"), MM2D::UnitUserSpaceOnUse));
+    // Attributes a pattern does not give come from those it refers to.
+    const std::vector<VYRIDOMElement_var> chain = HrefChain(i_element, {"pattern"});
+    auto attribute = [&](const char* i_attribute) { return Attribute(Holder(chain, i_attribute), i_attribute); };
+    pPattern->SetUnits(Units(attribute("patternUnits"), MM2D::UnitObjectBoundingBox));
+    pPattern->SetContentUnits(Units(attribute("patternContentUnits"), MM2D::UnitUserSpaceOnUse));
     const bool boxUnits = pPattern->GetUnits() == MM2D::UnitObjectBoundingBox;
     auto read = [&](const char* i_attribute, VYRSvgLengthAxis i_axis) {
-      return boxUnits ? Fraction(i_element, i_attribute, 0.0) : Length(i_element, i_attribute, context, i_axis, 0.0);
+      const VYRIDOMElement_var& holder = Holder(chain, i_attribute);
+      return boxUnits ? Fraction(holder, i_attribute, 0.0) : Length(holder, i_attribute, context, i_axis, 0.0);
     };
     VYRPrtRegionAttributes region;
     region.SetRegion(read("x", VYRSvgLengthAxis::eX), read("y", VYRSvgLengthAxis::eY),
                      read("width", VYRSvgLengthAxis::eX), read("height", VYRSvgLengthAxis::eY));
     pPattern->SetRegion(region);
     VYRPrtViewBoxAttributes viewBox;
-    ReadViewBox(i_element, viewBox);
+    ReadViewBox(Holder(chain, "viewBox"), viewBox);
     pPattern->SetViewBoxAttributes(viewBox);
     VYRPrtTransformAttributes transform;
-    VYRSvgValues::ParseTransformList(Attribute(i_element, "patternTransform"), transform);
+    VYRSvgValues::ParseTransformList(attribute("patternTransform"), transform);
     pPattern->SetPatternTransform(transform);
     pPattern->SetHrefID(VYRUnicodeString(HrefID(i_element)));
-    ImportChildren(i_element, *pPattern, context, i_depth);
+    // So do its children when it has none.
+    const VYRIDOMElement_var* pContent = &chain.front();
+    for (const VYRIDOMElement_var& element : chain) {
+      if (ChildElements(element).empty()) continue;
+      pContent = &element;
+      break;
+    }
+    ImportChildren(*pContent, *pPattern, context, i_depth);
     pElt = pPattern;
   }
   if (pElt != nullptr) pElt->SetID(VYRUnicodeString(Attribute(i_element, "id")));
@@ -890,21 +893,9 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
 VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportGradient(const std::string& i_name,
                                                           const VYRIDOMElement_var& i_element,
                                                           const Context& i_context) {
-  // The gradient and those it inherits from through xlink:href, nearest first.
-  std::vector<VYRIDOMElement_var> chain{i_element};
-  while (chain.size() < 16) {
-    auto found = _domByID.find(HrefID(chain.back()));
-    if (found == _domByID.end()) break;
-    const std::string name = LocalName(found->second);
-    if (name != "linearGradient" && name != "radialGradient") break;
-    chain.push_back(found->second);
-  }
-  // The nearest element of the chain that gives the attribute.
+  const std::vector<VYRIDOMElement_var> chain = HrefChain(i_element, {"linearGradient", "radialGradient"});
   auto holder = [&chain, this](const char* i_attribute) -> const VYRIDOMElement_var& {
-    for (const VYRIDOMElement_var& element : chain) {
-      if (HasAttribute(element, i_attribute)) return element;
-    }
-    return chain.front();
+    return Holder(chain, i_attribute);
   };
   const MM2D::UnitType units = Units(Attribute(holder("gradientUnits"), "gradientUnits"), MM2D::UnitObjectBoundingBox);
   const bool boxUnits = units == MM2D::UnitObjectBoundingBox;
@@ -978,16 +969,10 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
   if (!VYR_CHECK_POINTER(pFilter)) return nullptr;
   pFilter->SetUnits(Units(Attribute(i_element, "filterUnits"), MM2D::UnitObjectBoundingBox));
   pFilter->SetPrimitiveUnits(Units(Attribute(i_element, "primitiveUnits"), MM2D::UnitUserSpaceOnUse));
-  const bool boxUnits = pFilter->GetUnits() == MM2D::UnitObjectBoundingBox;
-  VYRPrtRegionAttributes region = pFilter->GetRegion();
+  pFilter->SetRegion(EffectRegion(i_element, i_context, pFilter->GetUnits() == MM2D::UnitObjectBoundingBox));
   auto read = [&](const VYRIDOMElement_var& i_node, const char* i_attribute, VYRSvgLengthAxis i_axis, bool i_box) {
     return i_box ? Fraction(i_node, i_attribute, 0.0) : Length(i_node, i_attribute, i_context, i_axis, 0.0);
   };
-  if (HasAttribute(i_element, "x")) region.SetX(read(i_element, "x", VYRSvgLengthAxis::eX, boxUnits));
-  if (HasAttribute(i_element, "y")) region.SetY(read(i_element, "y", VYRSvgLengthAxis::eY, boxUnits));
-  if (HasAttribute(i_element, "width")) region.SetWidth(read(i_element, "width", VYRSvgLengthAxis::eX, boxUnits));
-  if (HasAttribute(i_element, "height")) region.SetHeight(read(i_element, "height", VYRSvgLengthAxis::eY, boxUnits));
-  pFilter->SetRegion(region);
   pFilter->SetHrefID(VYRUnicodeString(HrefID(i_element)));
 
   const bool primitiveBoxUnits = pFilter->GetPrimitiveUnits() == MM2D::UnitObjectBoundingBox;
@@ -1059,6 +1044,45 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
 }
 
 // ---- Attributes
+
+std::vector<VYRIDOMElement_var> VYRSvgImporter::HrefChain(const VYRIDOMElement_var& i_element,
+                                                          const std::set<std::string>& i_names) const {
+  std::vector<VYRIDOMElement_var> chain{i_element};
+  while (chain.size() < 16) {
+    auto found = _domByID.find(HrefID(chain.back()));
+    if (found == _domByID.end() || i_names.count(LocalName(found->second)) == 0) break;
+    chain.push_back(found->second);
+  }
+  return chain;
+}
+
+const VYRIDOMElement_var& VYRSvgImporter::Holder(const std::vector<VYRIDOMElement_var>& i_chain,
+                                                const char* i_attribute) const {
+  for (const VYRIDOMElement_var& element : i_chain) {
+    if (HasAttribute(element, i_attribute)) return element;
+  }
+  return i_chain.front();
+}
+
+VYRPrtRegionAttributes VYRSvgImporter::EffectRegion(const VYRIDOMElement_var& i_element, const Context& i_context,
+                                                    bool i_boxUnits) {
+  // The default reaches 10% beyond the box, or beyond the viewport in user units.
+  VYRPrtRegionAttributes region = VYRPrtRegionAttributes::DefaultEffectRegion();
+  if (!i_boxUnits) {
+    const double width = i_context.lengths.viewportWidth, height = i_context.lengths.viewportHeight;
+    region = VYRPrtRegionAttributes(region.GetX() * width, region.GetY() * height, region.GetWidth() * width,
+                                    region.GetHeight() * height);
+  }
+  auto read = [&](const char* i_attribute, VYRSvgLengthAxis i_axis, double i_default) {
+    return i_boxUnits ? Fraction(i_element, i_attribute, i_default)
+                      : Length(i_element, i_attribute, i_context, i_axis, i_default);
+  };
+  if (HasAttribute(i_element, "x")) region.SetX(read("x", VYRSvgLengthAxis::eX, region.GetX()));
+  if (HasAttribute(i_element, "y")) region.SetY(read("y", VYRSvgLengthAxis::eY, region.GetY()));
+  if (HasAttribute(i_element, "width")) region.SetWidth(read("width", VYRSvgLengthAxis::eX, region.GetWidth()));
+  if (HasAttribute(i_element, "height")) region.SetHeight(read("height", VYRSvgLengthAxis::eY, region.GetHeight()));
+  return region;
+}
 
 std::string VYRSvgImporter::Attribute(const VYRIDOMElement_var& i_element, const char* i_name) const {
   VYRUnicodeString value;

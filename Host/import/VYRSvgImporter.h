@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "VYRPrtRegionAttributes.h"
 #include "VYRSvgStyle.h"
 #include "VYRXMLDOM.h"
 
@@ -90,6 +91,13 @@ class VYRSvgImporter {
                    Attributes& io_attributes);
   unsigned int ColourIndex(const VYRSvgColor& i_color);
 
+  // The element and those it inherits from through href (of the given kinds), nearest first.
+  std::vector<VYRIDOMElement_var> HrefChain(const VYRIDOMElement_var& i_element,
+                                            const std::set<std::string>& i_names) const;
+  // The nearest element of a chain that gives the attribute (the first when none does).
+  const VYRIDOMElement_var& Holder(const std::vector<VYRIDOMElement_var>& i_chain, const char* i_attribute) const;
+  // A mask's or filter's region from its x, y, width and height.
+  VYRPrtRegionAttributes EffectRegion(const VYRIDOMElement_var& i_element, const Context& i_context, bool i_boxUnits);
   // Attribute helpers: the value, or the default when absent or unreadable (reported).
   std::string Attribute(const VYRIDOMElement_var& i_element, const char* i_name) const;
   double Length(const VYRIDOMElement_var& i_element, const char* i_name, const Context& i_context,

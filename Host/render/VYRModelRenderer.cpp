@@ -502,7 +502,6 @@ bool VYRModelRenderer::SetPattern(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint
   if (!(viewWidth > 0.0 && viewHeight > 0.0) && pPattern->GetContentUnits() == MM2D::UnitObjectBoundingBox && hasBox) {
     content.AddMatrix(VYRMath2x2Matrix(xmax - xmin, 0.0, 0.0, ymax - ymin));
   }
-  const VYRPrtNodeTreeElt* pContent = PatternContent(pPattern);
   std::string error;
   VYRPixelImage* pTile = DrawToNewImage(tileWidth, tileHeight, error, [&](VYRModelRenderer& io_renderer) {
     io_renderer._elementsByID = _elementsByID;
@@ -511,7 +510,7 @@ bool VYRModelRenderer::SetPattern(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint
     io_renderer._drawing.SetMatrixTransform(VYR3x3Matrix(MatrixOf(content)));
     Paint paint = i_paint;
     paint.alpha = 1.0;
-    if (pContent != nullptr) io_renderer.DrawChildren(*pContent, paint, 0);
+    io_renderer.DrawChildren(*pPattern, paint, 0);
   });
   if (pTile == nullptr) return false;
   // Tile pixels to user space: the tile's corner and size, then the pattern transform.
@@ -521,18 +520,6 @@ bool VYRModelRenderer::SetPattern(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint
   _drawing.SetPattern(pTile, ePatternRepeat, &tileMatrix);
   pTile->Release();
   return true;
-}
-
-const VYRPrtNodeTreeElt* VYRModelRenderer::PatternContent(VYRPrtPatternElt* i_pPattern) const {
-  // A pattern without children of its own takes those of the pattern it refers to.
-  VYRPrtGraphicPrimitiveElt* pCurrent = i_pPattern;
-  for (int hops = 0; hops < kMaximumDepth && pCurrent != nullptr; ++hops) {
-    const auto* pPattern = static_cast<const VYRPrtPatternElt*>(pCurrent);
-    if (pPattern->GetChildArray().GetLength() > 0) return pPattern;
-    pCurrent = FindByID(pPattern->GetHrefID());
-    if (pCurrent != nullptr && pCurrent->GetStreamType() != kStreamTypePatternElt) return nullptr;
-  }
-  return nullptr;
 }
 
 void VYRModelRenderer::DrawText(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint) {

@@ -83,8 +83,6 @@ class VYRModelRenderer {
   void EndPaint();
   // Draws the element's pattern tile and sets it as the shader; false when it paints nothing.
   bool SetPattern(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint);
-  // The pattern whose children make the tile, following references.
-  const VYRPrtNodeTreeElt* PatternContent(VYRPrtPatternElt* i_pPattern) const;
   // Sets a gradient record whose transform maps to the current user space.
   void SetGradient(const VYRPrintGradient& i_gradient);
   void DrawText(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint);
