@@ -244,6 +244,24 @@ TEST(HostRenderLayers, MergeAndBlendCombineResults) {
   EXPECT_TRUE(Near(blend.At(23, 10), {255, 255, 0, 255}));  // the moved copy alone
 }
 
+TEST(HostRender, MarkersAreClippedToTheirViewportAroundTheReferencePoint) {
+  Rendered picture(Svg("<marker id='big' refX='2' refY='2' markerWidth='4' markerHeight='4' markerUnits='userSpaceOnUse'>"
+                       "<rect x='-50' y='-50' width='100' height='100' fill='blue'/></marker>"
+                       "<marker id='shifted' viewBox='10 10 8 8' refX='14' refY='14' markerWidth='4' markerHeight='4'"
+                       " markerUnits='userSpaceOnUse'><rect x='10' y='10' width='8' height='8' fill='red'/></marker>"
+                       "<line x1='10' y1='10' x2='30' y2='10' stroke='none' marker-start='url(#big)'/>"
+                       "<line x1='10' y1='30' x2='30' y2='30' stroke='none' marker-end='url(#shifted)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(9, 9), kBlue));
+  EXPECT_TRUE(Near(picture.At(10, 10), kBlue));
+  EXPECT_TRUE(Near(picture.At(13, 10), kClear));  // beyond the 4 x 4 viewport
+  EXPECT_TRUE(Near(picture.At(7, 7), kClear));
+  EXPECT_TRUE(Near(picture.At(28, 28), kRed));    // centred on the end point
+  EXPECT_TRUE(Near(picture.At(31, 31), kRed));
+  EXPECT_TRUE(Near(picture.At(33, 30), kClear));
+  EXPECT_TRUE(Near(picture.At(27, 30), kClear));
+}
+
 TEST(HostRenderLayers, MarkersInsideThemselvesEnd) {
   Rendered picture(Svg("<marker id='m' refX='2' refY='2' markerWidth='4' markerHeight='4'>"
                        "<path d='M0 0 L4 0 L4 4 Z' fill='blue' marker-start='url(#m)' marker-end='url(#m)'/></marker>"

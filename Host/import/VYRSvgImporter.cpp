@@ -760,24 +760,23 @@ VYRPrtStrokeAttributes VYRSvgImporter::MakeStroke(const Context& i_context, VYRP
 }
 
 void VYRSvgImporter::ApplyPaint(const Context& i_context, VYRPrtGraphicPrimitiveElt& io_shape) {
+  VYRPrtMarkerReferences markers;
+  markers.SetMarkerID(VYRPrtMarkerReferences::Start, VYRUnicodeString(i_context.style.markerStart));
+  markers.SetMarkerID(VYRPrtMarkerReferences::Mid, VYRUnicodeString(i_context.style.markerMid));
+  markers.SetMarkerID(VYRPrtMarkerReferences::End, VYRUnicodeString(i_context.style.markerEnd));
   if (io_shape.GetStreamType() == kStreamTypeLineElt) {
-    static_cast<VYRPrtLineElt&>(io_shape).SetStrokeAttributes(MakeStroke(i_context, io_shape));
+    auto& line = static_cast<VYRPrtLineElt&>(io_shape);
+    line.SetStrokeAttributes(MakeStroke(i_context, io_shape));
+    line.SetMarkerReferences(markers);
     return;
   }
   auto& shape = static_cast<VYRPrtBaseShapeElt&>(io_shape);
   shape.SetFillAttributes(MakeFill(i_context, io_shape));
   shape.SetStrokeAttributes(MakeStroke(i_context, io_shape));
-  if (io_shape.GetStreamType() == kStreamTypePathElt || io_shape.GetStreamType() == kStreamTypePolylineElt ||
-      io_shape.GetStreamType() == kStreamTypePolygonElt) {
-    VYRPrtMarkerReferences markers;
-    markers.SetMarkerID(VYRPrtMarkerReferences::Start, VYRUnicodeString(i_context.style.markerStart));
-    markers.SetMarkerID(VYRPrtMarkerReferences::Mid, VYRUnicodeString(i_context.style.markerMid));
-    markers.SetMarkerID(VYRPrtMarkerReferences::End, VYRUnicodeString(i_context.style.markerEnd));
-    if (io_shape.GetStreamType() == kStreamTypePathElt) {
-      static_cast<VYRPrtPathElt&>(io_shape).SetMarkerReferences(markers);
-    } else {
-      static_cast<VYRPrtPointBasedElt&>(io_shape).SetMarkerReferences(markers);
-    }
+  if (io_shape.GetStreamType() == kStreamTypePathElt) {
+    static_cast<VYRPrtPathElt&>(io_shape).SetMarkerReferences(markers);
+  } else if (io_shape.GetStreamType() == kStreamTypePolylineElt || io_shape.GetStreamType() == kStreamTypePolygonElt) {
+    static_cast<VYRPrtPointBasedElt&>(io_shape).SetMarkerReferences(markers);
   }
 }
 

@@ -640,20 +640,23 @@ void VYRModelRenderer::DrawMarker(VYRPrtMarkerElt* i_pMarker, const VYRMathPoint
   const double angle = i_pMarker->GetOrientation() == MM2D::MarkerOrientAuto
                            ? i_angle
                            : i_pMarker->GetOrientationAngle() * VYRMathPi / 180.0;
-  VYRPrtTransformAttributes transform;
-  transform.AddTranslation(VYRMathVector2D(i_at.x, i_at.y));
-  transform.AddRotation(static_cast<float>(angle));
-  transform.AddMatrix(VYRMath2x2Matrix(scale, 0.0, 0.0, scale));
+  // The reference point, in the marker's content coordinates, lands on the vertex.
   VYRPrtTransformAttributes viewBox;
   VYRAddViewBoxTransform(i_pMarker->GetViewBoxAttributes(), width, height, viewBox);
-  transform.AddTransformAttributes(viewBox);
-  // The reference point, in the marker's content coordinates, lands on the vertex.
-  const VYRMathPoint2D& reference = i_pMarker->GetReferencePoint();
-  transform.AddTranslation(VYRMathVector2D(-reference.x, -reference.y));
+  const VYRMathPoint2D reference = MatrixOf(viewBox) * i_pMarker->GetReferencePoint();
+  VYRPrtTransformAttributes placement;
+  placement.AddTranslation(VYRMathVector2D(i_at.x, i_at.y));
+  placement.AddRotation(static_cast<float>(angle));
+  placement.AddMatrix(VYRMath2x2Matrix(scale, 0.0, 0.0, scale));
+  placement.AddTranslation(VYRMathVector2D(-reference.x, -reference.y));
   // A marker drawn inside itself would multiply without end: the inner uses are left out.
   if (!_inUse.insert(i_pMarker).second) return;
   _drawing.Save(kSaveMatrixAndClip);
-  _drawing.AddTransform(VYR3x3Matrix(MatrixOf(transform)));
+  _drawing.AddTransform(VYR3x3Matrix(MatrixOf(placement)));
+  // Content beyond the marker's viewport is hidden.
+  _drawing.SetCurrentClipRect(VYR2DGRect(0.0f, 0.0f, static_cast<float>(width), static_cast<float>(height)),
+                              eClipIntersect);
+  _drawing.AddTransform(VYR3x3Matrix(MatrixOf(viewBox)));
   DrawChildren(*i_pMarker, i_paint, i_depth + 1);
   _drawing.Restore(-1);
   _inUse.erase(i_pMarker);
