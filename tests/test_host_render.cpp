@@ -126,6 +126,16 @@ TEST(HostRender, OpacityDashesAndClipPaths) {
   EXPECT_TRUE(Near(picture.At(35, 35), kClear));  // clipped away
 }
 
+TEST(HostRender, ClipPathTransformsActInUserUnitsOverBoxUnits) {
+  Rendered picture(Svg("<clipPath id='c' clipPathUnits='objectBoundingBox' transform='translate(10 0)'>"
+                       "<rect width='0.5' height='1'/></clipPath>"
+                       "<rect width='20' height='20' fill='red' clip-path='url(#c)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(5, 10), kClear));
+  EXPECT_TRUE(Near(picture.At(15, 10), kRed));
+  EXPECT_TRUE(Near(picture.At(25, 10), kClear));
+}
+
 TEST(HostRender, HiddenAndUnusedElementsDrawNothing) {
   Rendered picture(Svg("<defs><rect width='40' height='40' fill='red'/></defs>"
                        "<rect width='40' height='40' fill='red' visibility='hidden'/>"

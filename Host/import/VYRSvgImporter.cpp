@@ -404,11 +404,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
 void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Context& i_context,
                                  VYRPrtGraphicPrimitiveElt& io_elt) {
   io_elt.SetID(VYRUnicodeString(Attribute(i_element, "id")));
-  VYRPrtTransformAttributes transform;
-  const std::string transformText = Attribute(i_element, "transform");
-  if (!transformText.empty() && !VYRSvgValues::ParseTransformList(transformText, transform)) {
-    Report("ignored transform \"" + transformText + "\"");
-  }
+  VYRPrtTransformAttributes transform = TransformAttribute(i_element, "transform");
   // A use element's position comes after its transform.
   if (LocalName(i_element) == "use") {
     transform.AddTranslation(VYRMathVector2D(Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0),
@@ -817,6 +813,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
     if (!VYR_CHECK_POINTER(pClip)) return nullptr;
     pClip->SetUnits(Units(Attribute(i_element, "clipPathUnits"), MM2D::UnitUserSpaceOnUse));
     pClip->SetClipRule(context.style.clipRule);
+    pClip->SetTransformAttributes(TransformAttribute(i_element, "transform"));
     context.insideClipPath = true;
     ImportChildren(i_element, *pClip, context, i_depth);
     pElt = pClip;
@@ -871,9 +868,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
     VYRPrtViewBoxAttributes viewBox;
     ReadViewBox(Holder(chain, "viewBox"), viewBox);
     pPattern->SetViewBoxAttributes(viewBox);
-    VYRPrtTransformAttributes transform;
-    VYRSvgValues::ParseTransformList(attribute("patternTransform"), transform);
-    pPattern->SetPatternTransform(transform);
+    pPattern->SetPatternTransform(TransformAttribute(Holder(chain, "patternTransform"), "patternTransform"));
     pPattern->SetHrefID(VYRUnicodeString(HrefID(i_element)));
     // So do its children when it has none.
     const VYRIDOMElement_var* pContent = &chain.front();
@@ -934,12 +929,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportGradient(const std::string& i_n
   pGradient->SetSpreadMethod(spread == "reflect" ? VYRPrintGradientSpreadReflect
                                                  : (spread == "repeat" ? VYRPrintGradientSpreadRepeat
                                                                        : VYRPrintGradientSpreadPad));
-  VYRPrtTransformAttributes transform;
-  const std::string transformText = Attribute(holder("gradientTransform"), "gradientTransform");
-  if (!transformText.empty() && !VYRSvgValues::ParseTransformList(transformText, transform)) {
-    Report("ignored gradientTransform \"" + transformText + "\"");
-  }
-  pGradient->SetGradientTransform(transform);
+  pGradient->SetGradientTransform(TransformAttribute(holder("gradientTransform"), "gradientTransform"));
   pGradient->SetHrefID(VYRUnicodeString(HrefID(i_element)));
 
   // The stops of the nearest element of the chain that has any.
@@ -1043,6 +1033,16 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
 }
 
 // ---- Attributes
+
+VYRPrtTransformAttributes VYRSvgImporter::TransformAttribute(const VYRIDOMElement_var& i_element,
+                                                             const char* i_name) {
+  VYRPrtTransformAttributes transform;
+  const std::string text = Attribute(i_element, i_name);
+  if (!text.empty() && !VYRSvgValues::ParseTransformList(text, transform)) {
+    Report("ignored " + std::string(i_name) + " \"" + text + "\"");
+  }
+  return transform;
+}
 
 std::vector<VYRIDOMElement_var> VYRSvgImporter::HrefChain(const VYRIDOMElement_var& i_element,
                                                           const std::set<std::string>& i_names) const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "VYRPrtRegionAttributes.h"
+#include "VYRPrtTransformAttributes.h"
 #include "VYRSvgStyle.h"
 #include "VYRXMLDOM.h"
 
@@ -96,6 +97,8 @@ class VYRSvgImporter {
                                             const std::set<std::string>& i_names) const;
   // The nearest element of a chain that gives the attribute (the first when none does).
   const VYRIDOMElement_var& Holder(const std::vector<VYRIDOMElement_var>& i_chain, const char* i_attribute) const;
+  // A transform list attribute, the identity when absent or unreadable (reported).
+  VYRPrtTransformAttributes TransformAttribute(const VYRIDOMElement_var& i_element, const char* i_name);
   // A mask's or filter's region from its x, y, width and height.
   VYRPrtRegionAttributes EffectRegion(const VYRIDOMElement_var& i_element, const Context& i_context, bool i_boxUnits);
   // Attribute helpers: the value, or the default when absent or unreadable (reported).

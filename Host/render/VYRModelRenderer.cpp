@@ -758,15 +758,17 @@ void CollectClipOutlines(VYRPrtGraphicPrimitiveElt* i_pElt, const VYRMath3x3Matr
 bool VYRModelRenderer::ApplyClipPath(VYRPrtGraphicPrimitiveElt* i_pElt) {
   VYRPrtClipPathElt* pClip = i_pElt->GetClipPath();
   if (pClip == nullptr) return true;
-  VYRMath3x3Matrix matrix;
+  // The clip path's own transform acts on the box mapping of box units.
+  VYRMath3x3Matrix matrix = MatrixOf(pClip->GetTransformAttributes());
   if (pClip->GetUnits() == MM2D::UnitObjectBoundingBox) {
     double xmin, xmax, ymin, ymax;
     if (!LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0)) return false;
-    matrix = BoxMatrix(xmin, xmax, ymin, ymax);
+    matrix = matrix * BoxMatrix(xmin, xmax, ymin, ymax);
   }
   VYRHostPath outlines;
   VYRPrintFillRule rule = pClip->GetClipRule() == VYRPrtFillRuleEvenOdd ? eFillRuleEvenOdd : eFillRuleNonZero;
-  CollectClipOutlines(pClip, matrix, outlines, rule, 0);
+  const VYRSYPDynArray<VYRPrtGraphicPrimitiveElt*>& children = pClip->GetChildArray();
+  for (int i = 0; i < children.GetLength(); ++i) CollectClipOutlines(children[i], matrix, outlines, rule, 1);
   if (outlines.IsEmpty()) return false;
   _drawing.SetBuildingClipPath(true);
   _drawing.SetFillRule(rule);
