@@ -450,6 +450,40 @@ TEST(HostRenderText, GradientFillStrokeAndGroupOpacity) {
   }
 }
 
+// ---- The bundled sample
+
+TEST(HostSample, HarbourDrawsItsGradientsOpacityAndReusedBoat) {
+  std::ifstream file(std::string(VYR_SOURCE_DIR) + "/resources/samples/harbour.svg");
+  std::ostringstream text;
+  text << file.rdbuf();
+  ASSERT_FALSE(text.str().empty());
+  Rendered picture(text.str());
+  ASSERT_NE(picture.Image(), nullptr) << picture.Error();
+  EXPECT_EQ(picture.Image()->GetWidth(), 480);
+  // The sky runs from night blue at the top to orange at the horizon.
+  EXPECT_TRUE(Near(picture.At(10, 1), {29, 43, 83, 255}, 4));
+  const Rgba horizon = picture.At(10, 205);
+  EXPECT_GT(horizon.r, 230);
+  EXPECT_GT(horizon.g, 140);
+  // The sun is pale at its centre, yellow at its rim.
+  EXPECT_TRUE(Near(picture.At(340, 184), {255, 246, 194, 255}, 6));
+  const Rgba rim = picture.At(340, 143);
+  EXPECT_GT(rim.r, 240);
+  EXPECT_LT(rim.b, 120);
+  // The sea darkens downwards.
+  EXPECT_TRUE(Near(picture.At(240, 319), {11, 26, 51, 255}, 8));
+  // The beam lets the sky show through.
+  const Rgba beam = picture.At(180, 100);
+  const Rgba skyBeside = picture.At(180, 60);
+  EXPECT_GT(beam.r, skyBeside.r + 30);
+  EXPECT_LT(beam.r, 250);
+  // The smaller boat is the same drawing, faded over the sea.
+  const Rgba hull = picture.At(150, 269);
+  EXPECT_GT(hull.r, hull.b);
+  EXPECT_LT(hull.r, 0x6b);
+  EXPECT_GT(hull.r, 0x40);
+}
+
 // ---- The round trip through a saved model
 
 std::string ReadFile(const std::string& i_path) {
