@@ -360,6 +360,19 @@ TEST(HostRenderPaint, PatternTransformsReferencesAndRecursion) {
   EXPECT_TRUE(Near(picture.At(7, 5), kRed));
   EXPECT_TRUE(Near(picture.At(2, 22), kBlue));  // the pattern inside itself paints nothing
   EXPECT_TRUE(Near(picture.At(7, 27), kClear));
+
+  // Patterns filled with patterns, forty deep and each tile huge: tiles are
+  // capped in size and depth, so the innermost colour is never reached, and
+  // the drawing ends promptly with nothing painted.
+  std::string chain;
+  for (int i = 0; i < 40; ++i) {
+    chain += "<pattern id='p" + std::to_string(i) + "' patternUnits='userSpaceOnUse' width='100000' height='100000'>"
+             "<rect width='100000' height='100000' fill='" + (i < 39 ? "url(#p" + std::to_string(i + 1) + ") " : "") +
+             "red'/></pattern>";
+  }
+  Rendered deep(Svg(chain + "<rect width='10' height='10' fill='url(#p0)'/>"));
+  ASSERT_NE(deep.Image(), nullptr);
+  EXPECT_TRUE(Near(deep.At(5, 5), kClear));
 }
 
 // ---- Text

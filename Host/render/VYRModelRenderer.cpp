@@ -37,8 +37,10 @@ constexpr int kMaximumDepth = 256;
 constexpr int kSaveMatrixAndClip = 3;
 // The family of text that names none, as user agents commonly choose.
 const char* const kDefaultFontFamily = "serif";
-// Pattern tiles are drawn no larger than this many pixels a side.
-constexpr double kMaximumTileSide = 4096.0;
+// Pattern tiles are drawn no larger than this many pixels a side, and
+// patterns inside patterns (each tile alive while the next is drawn) no deeper.
+constexpr double kMaximumTileSide = 2048.0;
+constexpr size_t kMaximumNesting = 8;
 
 VYRMath3x3Matrix MatrixOf(const VYRPrtTransformAttributes& i_transform) {
   VYRMath3x3Matrix matrix;
@@ -281,7 +283,10 @@ void VYRModelRenderer::DrawComposited(VYRPrtGraphicPrimitiveElt* i_pElt, const P
   bool filterLayer = false;
   if (pFilter != nullptr) {
     if (opacityLayer && pMask == nullptr) _drawing.SetLayerAlpha(static_cast<float>(opacity));
-    _drawing.SetLayerFilter(pFilter, DeviceScale());
+    const float scale = DeviceScale();
+    // A transform that flattens everything leaves nothing to filter.
+    if (!(scale > 0.0f)) return;
+    _drawing.SetLayerFilter(pFilter, scale);
     filterLayer = _drawing.SaveLayer() >= 0;
   }
   DrawContent(i_pElt, paint, i_depth);
@@ -463,7 +468,7 @@ void VYRModelRenderer::SetGradient(const VYRPrintGradient& i_gradient) {
 
 bool VYRModelRenderer::SetPattern(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint) {
   VYRPrtPatternElt* pPattern = i_pElt->GetPattern();
-  if (pPattern == nullptr || _inUse.count(pPattern) != 0) return false;
+  if (pPattern == nullptr || _inUse.count(pPattern) != 0 || _inUse.size() >= kMaximumNesting) return false;
   // The tile in pattern space: a box fraction or user units.
   const VYRPrtRegionAttributes& region = pPattern->GetRegion();
   double x = region.GetX(), y = region.GetY(), width = region.GetWidth(), height = region.GetHeight();
