@@ -440,6 +440,28 @@ TEST(HostRenderText, WeightStyleAndSize) {
   EXPECT_EQ(InkOf(Rendered(TextSvg("fill='none'"))).count, 0);
 }
 
+TEST(HostRenderText, BoxUnitsFollowTheAnchorAndFiltersApply) {
+  // A box-unit gradient spans the centred text: red at its left end, blue at its right.
+  Rendered centred(Svg("<linearGradient id='g'><stop offset='0' stop-color='red'/><stop offset='1' stop-color='blue'/>"
+                       "</linearGradient>"
+                       "<text x='100' y='40' font-family='sans-serif' font-size='30' font-weight='bold'"
+                       " text-anchor='middle' fill='url(#g)'>HHHHH</text>",
+                       "width='200' height='60'"));
+  const Ink ink = InkOf(centred);
+  ASSERT_GT(ink.count, 100);
+  const Rgba left = centred.At(ink.left + 2, 30);
+  const Rgba right = centred.At(ink.right - 2, 30);
+  EXPECT_GT(left.r, 200);
+  EXPECT_GT(right.b, 200);
+  // A filter in box units has a box to work in: the text is drawn, and moved.
+  Rendered moved(Svg("<filter id='f'><feOffset dx='5'/></filter>"
+                     "<text x='20' y='40' font-family='sans-serif' font-size='20' filter='url(#f)'>H</text>",
+                     "width='200' height='60'"));
+  const Ink shifted = InkOf(moved);
+  ASSERT_GT(shifted.count, 20);
+  EXPECT_GE(shifted.left, 25);
+}
+
 TEST(HostRenderText, GradientFillStrokeAndGroupOpacity) {
   Rendered picture(Svg("<linearGradient id='g' gradientUnits='userSpaceOnUse' x1='0' x2='200'>"
                        "<stop offset='0.5' stop-color='red'/><stop offset='0.5' stop-color='blue'/></linearGradient>"

@@ -6,6 +6,7 @@
 
 #include "VYRHostPaintCodes.h"
 #include "VYRHostPath.h"
+#include "VYRTextBounds.h"
 #include "VYRViewBoxMapping.h"
 #include "MMParsingTools.h"
 #include "VYRBase64.h"
@@ -625,13 +626,7 @@ bool VYRSvgImporter::SetGradient(VYRPrtGraphicPrimitiveElt* i_pServer, VYRPrtGra
     VYRHostPath outline;
     double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
     if (i_shape.GetStreamType() == kStreamTypeTextElt) {
-      // Text is measured roughly: its advance is not known before drawing.
-      const auto& text = static_cast<VYRPrtTextElt&>(i_shape);
-      const double size = text.GetTextAttributes().GetHeight();
-      xmin = text.GetPosition(0).x;
-      xmax = xmin + 0.55 * size * text.GetText().GetCodePointCount();
-      ymax = text.GetPosition(0).y;
-      ymin = ymax - size;
+      if (!VYRGetTextBounds(static_cast<const VYRPrtTextElt&>(i_shape), xmin, xmax, ymin, ymax)) return false;
     } else if (!outline.BuildFrom(&i_shape) || !outline.GetBounds(xmin, xmax, ymin, ymax)) {
       return false;
     }

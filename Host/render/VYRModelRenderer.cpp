@@ -27,6 +27,7 @@
 #include "VYRPrtPatternElt.h"
 #include "VYRPrtPointBasedElt.h"
 #include "VYRPrtTextElt.h"
+#include "VYRTextBounds.h"
 #include "VYRViewBoxMapping.h"
 
 namespace {
@@ -714,6 +715,9 @@ bool VYRModelRenderer::LocalBounds(VYRPrtGraphicPrimitiveElt* i_pElt, double& o_
   if (i_pElt == nullptr || i_depth > kMaximumDepth) return false;
   VYRHostPath outline;
   if (outline.BuildFrom(i_pElt)) return outline.GetBounds(o_xmin, o_xmax, o_ymin, o_ymax);
+  if (i_pElt->GetStreamType() == kStreamTypeTextElt) {
+    return VYRGetTextBounds(*static_cast<VYRPrtTextElt*>(i_pElt), o_xmin, o_xmax, o_ymin, o_ymax);
+  }
   auto* pNode = dynamic_cast<VYRPrtNodeTreeElt*>(i_pElt);
   if (pNode == nullptr || (i_depth > 0 && IsDrawnWhereUsed(i_pElt->GetStreamType()))) return false;
   bool any = false;
