@@ -272,6 +272,20 @@ TEST(HostRender, MarkersAreClippedToTheirViewportAroundTheReferencePoint) {
   EXPECT_TRUE(Near(picture.At(27, 30), kClear));
 }
 
+TEST(HostRender, ViewportsHideOverflowUnlessVisible) {
+  Rendered picture(Svg("<svg x='5' y='5' width='10' height='10'><rect width='40' height='40' fill='red'/></svg>"
+                       "<svg x='25' y='5' width='10' height='10' overflow='visible'>"
+                       "<rect width='12' height='12' fill='blue'/></svg>"
+                       "<marker id='m' markerWidth='2' markerHeight='2' markerUnits='userSpaceOnUse' overflow='visible'>"
+                       "<rect width='8' height='8' fill='blue'/></marker>"
+                       "<path d='M10 28 L20 28' marker-start='url(#m)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(12, 12), kRed));
+  EXPECT_TRUE(Near(picture.At(17, 12), kClear));
+  EXPECT_TRUE(Near(picture.At(36, 16), kBlue));  // beyond the visible viewport
+  EXPECT_TRUE(Near(picture.At(16, 34), kBlue));  // beyond the visible marker
+}
+
 TEST(HostRenderLayers, MarkersInsideThemselvesEnd) {
   Rendered picture(Svg("<marker id='m' refX='2' refY='2' markerWidth='4' markerHeight='4'>"
                        "<path d='M0 0 L4 0 L4 4 Z' fill='blue' marker-start='url(#m)' marker-end='url(#m)'/></marker>"

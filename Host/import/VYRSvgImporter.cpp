@@ -349,8 +349,15 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportViewport(const VYRIDOMElement_v
                                                           const Context& i_context, int i_depth, double i_width,
                                                           double i_height) {
   if (!(i_width > 0.0) || !(i_height > 0.0)) return nullptr;
+  // The outer group takes the element's own attributes; the middle one hides
+  // what lies beyond the viewport; the inner one maps the viewBox.
+  auto* pOuter = Create<VYRPrtGroupElt>();
+  auto* pViewport = Create<VYRPrtGroupElt>();
   auto* pGroup = Create<VYRPrtGroupElt>();
-  if (!VYR_CHECK_POINTER(pGroup)) return nullptr;
+  if (!VYR_CHECK_POINTER(pOuter) || !VYR_CHECK_POINTER(pViewport) || !VYR_CHECK_POINTER(pGroup)) return nullptr;
+  if (HidesOverflow(i_element)) pViewport->SetClipPath(RectangleClip(0.0, 0.0, i_width, i_height));
+  pOuter->AddChild(pViewport);
+  pViewport->AddChild(pGroup);
   VYRPrtViewBoxAttributes viewBox;
   ReadViewBox(i_element, viewBox);
   VYRPrtTransformAttributes transform;
@@ -362,7 +369,22 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportViewport(const VYRIDOMElement_v
   context.lengths.viewportHeight = i_height;
   if (viewBox.HasViewBox()) viewBox.GetViewBox(x, y, context.lengths.viewportWidth, context.lengths.viewportHeight);
   ImportChildren(i_element, *pGroup, context, i_depth);
-  return pGroup;
+  return pOuter;
+}
+
+bool VYRSvgImporter::HidesOverflow(const VYRIDOMElement_var& i_element) const {
+  // Hidden and scroll clip; an inherited value is taken as the initial one, visible.
+  const std::string overflow = Attribute(i_element, "overflow");
+  return overflow != "visible" && overflow != "auto" && overflow != "inherit";
+}
+
+VYRPrtClipPathElt* VYRSvgImporter::RectangleClip(double i_x, double i_y, double i_width, double i_height) {
+  auto* pClip = Create<VYRPrtClipPathElt>();
+  auto* pArea = Create<VYRPrtRectangleElt>();
+  if (!VYR_CHECK_POINTER(pClip) || !VYR_CHECK_POINTER(pArea)) return nullptr;
+  pArea->SetPoints(VYRMathPoint2D(i_x, i_y), VYRMathPoint2D(i_x + i_width, i_y + i_height));
+  pClip->AddChild(pArea);
+  return pClip;
 }
 
 VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i_element, const Context& i_context,
@@ -594,12 +616,8 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportBitmap(const VYRIDOMElement_var
   if (!overflows) return pBitmap;
   // A sliced image is cut to its area by a clip path of its own.
   auto* pGroup = Create<VYRPrtGroupElt>();
-  auto* pClip = Create<VYRPrtClipPathElt>();
-  auto* pArea = Create<VYRPrtRectangleElt>();
-  if (!VYR_CHECK_POINTER(pGroup) || !VYR_CHECK_POINTER(pClip) || !VYR_CHECK_POINTER(pArea)) return pBitmap;
-  pArea->SetPoints(VYRMathPoint2D(x, y), VYRMathPoint2D(x + areaWidth, y + areaHeight));
-  pClip->AddChild(pArea);
-  pGroup->SetClipPath(pClip);
+  if (!VYR_CHECK_POINTER(pGroup)) return pBitmap;
+  pGroup->SetClipPath(RectangleClip(x, y, areaWidth, areaHeight));
   pGroup->AddChild(pBitmap);
   return pGroup;
 }
@@ -841,6 +859,10 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
     VYRPrtViewBoxAttributes viewBox;
     ReadViewBox(i_element, viewBox);
     pMarker->SetViewBoxAttributes(viewBox);
+    // The marker's clip path, in its viewport's units, hides what lies beyond it.
+    double width = 0.0, height = 0.0;
+    pMarker->GetSize(width, height);
+    if (HidesOverflow(i_element)) pMarker->SetClipPath(RectangleClip(0.0, 0.0, width, height));
     ImportChildren(i_element, *pMarker, context, i_depth);
     pElt = pMarker;
   } else if (i_name == "pattern") {

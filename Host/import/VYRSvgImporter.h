@@ -11,6 +11,7 @@
 #include "VYRXMLDOM.h"
 
 class VYRPrtBaseShapeElt;
+class VYRPrtClipPathElt;
 class VYRPrtColourTable;
 class VYRPrtGraphicPrimitiveElt;
 class VYRPrtImageElt;
@@ -72,6 +73,11 @@ class VYRSvgImporter {
   VYRPrtGraphicPrimitiveElt* ImportUse(const VYRIDOMElement_var& i_element, const Context& i_context, int i_depth);
   VYRPrtGraphicPrimitiveElt* ImportViewport(const VYRIDOMElement_var& i_element, const Context& i_context,
                                             int i_depth, double i_width, double i_height);
+
+  // True unless the element's overflow lets content show beyond its viewport.
+  bool HidesOverflow(const VYRIDOMElement_var& i_element) const;
+  // A new clip path of one rectangle, for viewports and sliced images.
+  VYRPrtClipPathElt* RectangleClip(double i_x, double i_y, double i_width, double i_height);
 
   // Resources: elements that others refer to by identifier, read once.
   VYRPrtGraphicPrimitiveElt* Resource(const std::string& i_id);

@@ -659,11 +659,11 @@ void VYRModelRenderer::DrawMarker(VYRPrtMarkerElt* i_pMarker, const VYRMathPoint
   if (!_inUse.insert(i_pMarker).second) return;
   _drawing.Save(kSaveMatrixAndClip);
   _drawing.AddTransform(VYR3x3Matrix(MatrixOf(placement)));
-  // Content beyond the marker's viewport is hidden.
-  _drawing.SetCurrentClipRect(VYR2DGRect(0.0f, 0.0f, static_cast<float>(width), static_cast<float>(height)),
-                              eClipIntersect);
-  _drawing.AddTransform(VYR3x3Matrix(MatrixOf(viewBox)));
-  DrawChildren(*i_pMarker, i_paint, i_depth + 1);
+  // The marker's clip path acts in its viewport, before the viewBox mapping.
+  if (ApplyClipPath(i_pMarker)) {
+    _drawing.AddTransform(VYR3x3Matrix(MatrixOf(viewBox)));
+    DrawChildren(*i_pMarker, i_paint, i_depth + 1);
+  }
   _drawing.Restore(-1);
   _inUse.erase(i_pMarker);
 }
