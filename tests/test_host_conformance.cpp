@@ -167,7 +167,7 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
-    ImagesAndMarkers, Conformance,
+    ImagesMarkersAndViewports, Conformance,
     ::testing::Values(Case{"structure/image/no-height-non-square", kShapes},
                       Case{"structure/image/preserveAspectRatio=xMaxYMax-meet", kShapes},
                       Case{"structure/image/preserveAspectRatio=xMidYMid-slice", kShapes},
@@ -175,7 +175,13 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"painting/marker/marker-on-line", kShapes},
                       Case{"painting/marker/orient=auto-on-M-C-C-1", kShapes},
                       Case{"painting/marker/recursive-1", kShapes},
-                      Case{"painting/marker/with-viewBox-2", kShapes}),
+                      Case{"painting/marker/with-viewBox-2", kShapes},
+                      Case{"painting/overflow/visible-on-marker", kShapes},
+                      Case{"structure/svg/nested-svg-with-rect", kShapes},
+                      Case{"structure/svg/nested-svg-with-rect-and-viewBox-3", kShapes},
+                      Case{"structure/svg/nested-svg-with-overflow-visible", kShapes},
+                      Case{"structure/symbol/with-viewBox-and-custom-use-rect", kShapes},
+                      Case{"structure/symbol/with-overflow-visible", kShapes}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(Text, Conformance,
