@@ -13,6 +13,7 @@
 #include "VYRPixelImage.h"
 #include "VYRPixelImagePNG.h"
 #include "VYRPrintGradientLinear.h"
+#include "VYRPrintGradientStop.h"
 #include "VYRPrtBitmapImageElt.h"
 #include "VYRPrtCircleElt.h"
 #include "VYRPrtClipPathElt.h"
@@ -378,6 +379,21 @@ TEST(HostImport, PatternsInheritThroughReferencesAndRegionsDefaultToTheViewport)
   const VYRPrtRegionAttributes& filter = pRect->GetFilter()->GetRegion();
   EXPECT_EQ(filter.GetX(), -10.0);
   EXPECT_EQ(filter.GetWidth(), 50.0);
+}
+
+TEST(HostImport, ResourcesTakeTheStyleOfTheirAncestors) {
+  Imported doc(Svg("<g color='green' clip-rule='evenodd'>"
+                   "<linearGradient id='g'><stop offset='0' stop-color='currentColor'/></linearGradient>"
+                   "<clipPath id='c'><rect width='5' height='5'/></clipPath></g>"
+                   "<rect width='10' height='10' fill='url(#g)' clip-path='url(#c)'/>"));
+  auto* pRect = doc.Child<VYRPrtRectangleElt>(1);
+  ASSERT_NE(pRect, nullptr);
+  const VYRPrintGradient* pGradient = pRect->GetFillAttributes().GetGradient();
+  ASSERT_NE(pGradient, nullptr);
+  ASSERT_EQ(pGradient->GetStopCount(), 1);
+  EXPECT_NEAR(pGradient->GetStop(0)->GetGreen(), 128 / 255.0, 1e-6);
+  ASSERT_NE(pRect->GetClipPath(), nullptr);
+  EXPECT_EQ(pRect->GetClipPath()->GetClipRule(), VYRPrtFillRuleEvenOdd);
 }
 
 TEST(HostImport, TextAndEmbeddedImage) {

@@ -133,6 +133,7 @@ void VYRSvgImporter::Reset() {
   _succeeded = false;
   _elementCount = 0;
   _domByID.clear();
+  _resourceAncestors.clear();
   _resources.clear();
   _inProgress.clear();
   _colourIndexes.clear();
@@ -167,7 +168,8 @@ VYRPrtModel* VYRSvgImporter::ImportBuffer(const std::string& i_text) {
     Report("the root element is <" + LocalName(root) + ">, not <svg>");
     return pModel;
   }
-  IndexIDs(root, 0);
+  std::vector<VYRIDOMElement_var> ancestors;
+  IndexIDs(root, ancestors);
   if (VYRPrtImageElt* pImage = ImportRoot(root)) {
     pModel->AddImage(pImage);
     _succeeded = true;
@@ -180,12 +182,17 @@ bool VYRSvgImporter::CountElement() {
   return _elementCount < kMaximumElementCount;
 }
 
-void VYRSvgImporter::IndexIDs(const VYRIDOMNode_var& i_node, int i_depth) {
-  if (i_depth > kMaximumDepth) return;
+void VYRSvgImporter::IndexIDs(const VYRIDOMNode_var& i_node, std::vector<VYRIDOMElement_var>& io_ancestors) {
+  if (io_ancestors.size() > kMaximumDepth) return;
   for (const VYRIDOMElement_var& child : ChildElements(i_node)) {
     const std::string id = Attribute(child, "id");
-    if (!id.empty() && _domByID.find(id) == _domByID.end()) _domByID[id] = child;
-    IndexIDs(child, i_depth + 1);
+    if (!id.empty() && _domByID.find(id) == _domByID.end()) {
+      _domByID[id] = child;
+      if (IsResourceName(LocalName(child))) _resourceAncestors[id] = io_ancestors;
+    }
+    io_ancestors.push_back(child);
+    IndexIDs(child, io_ancestors);
+    io_ancestors.pop_back();
   }
 }
 
@@ -801,9 +808,13 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::Resource(const std::string& i_id) {
     Report("\"" + i_id + "\" refers to itself");
     return nullptr;
   }
-  // Resources take their properties from where they are defined; the
-  // document's root style is close enough for the properties they use.
-  VYRPrtGraphicPrimitiveElt* pElt = ImportResource(LocalName(found->second), found->second, _rootContext, 1);
+  // Resources take their properties from where they are defined.
+  Context context = _rootContext;
+  for (const VYRIDOMElement_var& ancestor : _resourceAncestors[i_id]) {
+    context.style = context.style.Inherited();
+    context.style.Apply(ancestor, context.lengths, _messages);
+  }
+  VYRPrtGraphicPrimitiveElt* pElt = ImportResource(LocalName(found->second), found->second, context, 1);
   _inProgress.erase(i_id);
   _resources[i_id] = pElt;
   return pElt;

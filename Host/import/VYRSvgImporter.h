@@ -59,7 +59,7 @@ class VYRSvgImporter {
   void Reset();
   void Report(const std::string& i_message) { _messages.push_back(i_message); }
   bool CountElement();
-  void IndexIDs(const VYRIDOMNode_var& i_node, int i_depth);
+  void IndexIDs(const VYRIDOMNode_var& i_node, std::vector<VYRIDOMElement_var>& io_ancestors);
   VYRPrtImageElt* ImportRoot(const VYRIDOMElement_var& i_root);
 
   // The element for one DOM element, or null when it draws nothing or is not read.
@@ -121,6 +121,8 @@ class VYRSvgImporter {
   bool _succeeded = false;
   int _elementCount = 0;
   std::map<std::string, VYRIDOMElement_var> _domByID;
+  // The elements between the root and each resource, outermost first.
+  std::map<std::string, std::vector<VYRIDOMElement_var>> _resourceAncestors;
   std::map<std::string, VYRPrtGraphicPrimitiveElt*> _resources;
   std::set<std::string> _inProgress;
   std::map<unsigned int, unsigned int> _colourIndexes;
