@@ -41,6 +41,7 @@ class VYR_EXPORT VYRRasterBitmapShader : public VYRRasterShader {
   struct ColumnStep {
     int left, right;
     unsigned weight;
+    uint64_t weightLanes;  // the weight in each of four 16-bit lanes
   };
   std::vector<ColumnStep> _columnSteps;
   int _stepsX = 0, _stepsCount = -1;  // the row the steps were made for (-1: none this draw)
