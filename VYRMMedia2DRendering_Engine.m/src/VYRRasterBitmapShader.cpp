@@ -245,6 +245,15 @@ void VYRRasterBitmapShader::shadeRow(int x, int y, int count, uint32_t* o_premul
   // Bilinear weights come from the distances to the four nearest pixel centres.
   const bool bilinear = _filter == kBilinear_Filter;
   if (bilinear) u -= 0.5, v -= 0.5;
+  if (x == _stepsX && count == _stepsCount) {
+    // A later row of a scale-only bilinear walk: the same columns and steps, only v moves.
+    WithAxis(_tileY, v, dv, _bitmap.height(), [&](auto i_axisY) {
+      ShadeBilinearAlongRows(pixels, i_axisY, _stepsFirstColumn, _stepsLastColumn, _columnSteps.data(), count,
+                             _mixedRow, o_premultiplied);
+    });
+    if (_paintAlpha != 255) ScaleByAlpha(o_premultiplied, count, _paintAlpha);
+    return;
+  }
   // The bitmap columns a row touches, when few enough to mix the two rows column by column
   // first (-1 otherwise): a clamped row's span of columns, or all columns of a repeated one.
   const int width = _bitmap.width();
@@ -263,18 +272,18 @@ void VYRRasterBitmapShader::shadeRow(int x, int y, int count, uint32_t* o_premul
   WithAxis(_tileX, u, du, _bitmap.width(), [&](auto i_axisX) {
     WithAxis(_tileY, v, dv, _bitmap.height(), [&](auto i_axisY) {
       if (bilinear && dv == 0 && m.getSkewX() == 0 && firstColumn >= 0) {
-        if (x != _stepsX || count != _stepsCount) {
-          _columnSteps.resize(size_t(count));
-          auto axisX = i_axisX;
-          for (ColumnStep& step : _columnSteps) {
-            axisX.Pair(step.left, step.right);
-            step.weight = axisX.Weight();
-            step.weightLanes = step.weight * 0x0001000100010001ull;
-            axisX.Advance();
-          }
-          _stepsX = x;
-          _stepsCount = count;
+        _columnSteps.resize(size_t(count));
+        auto axisX = i_axisX;
+        for (ColumnStep& step : _columnSteps) {
+          axisX.Pair(step.left, step.right);
+          step.weight = axisX.Weight();
+          step.weightLanes = step.weight * 0x0001000100010001ull;
+          axisX.Advance();
         }
+        _stepsX = x;
+        _stepsCount = count;
+        _stepsFirstColumn = firstColumn;
+        _stepsLastColumn = lastColumn;
         ShadeBilinearAlongRows(pixels, i_axisY, firstColumn, lastColumn, _columnSteps.data(), count, _mixedRow,
                                o_premultiplied);
       } else if (bilinear) {
