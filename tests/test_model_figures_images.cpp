@@ -42,13 +42,6 @@ class FiguresImages : public ::testing::Test {
   }
 };
 
-template <class T>
-std::vector<uint8_t> BytesOf(T& io_value) {
-  VYR2DGStringStream stream;
-  io_value.Stream(&stream);
-  return StreamBytes(stream);
-}
-
 std::vector<uint8_t> Concat(std::vector<uint8_t> i_first, const std::vector<uint8_t>& i_second) {
   i_first.insert(i_first.end(), i_second.begin(), i_second.end());
   return i_first;
@@ -147,7 +140,7 @@ TEST_F(FiguresImages, ClosedFigureAndRegionRoundTrip) {
   ExpectChildIds(*readRegion, {"figure"});
   auto* readFigure = static_cast<VYRPrtClosedFigureElt*>(readRegion->GetChild(0));
   ASSERT_STREQ(readFigure->IsA(), VYRPrtClosedFigureElt::ClassName());
-  ExpectEqualCommonAttributes(*figure, *readFigure);
+  ExpectSameCommonAttributes(*figure, *readFigure);
   int drawStyle = 0;
   readFigure->GetDrawStyle(drawStyle);
   EXPECT_EQ(drawStyle, 3);
@@ -293,7 +286,7 @@ TEST_F(FiguresImages, BitmapAssignmentSharesTheImageAndDuplicateCopiesIt) {
   bitmap->Duplicate(pCopy);
   ASSERT_NE(pCopy, nullptr);
   auto* copy = static_cast<VYRPrtBitmapImageElt*>(pCopy);
-  ExpectEqualCommonAttributes(*bitmap, *copy);  // bitmaps copy their common attributes
+  ExpectSameCommonAttributes(*bitmap, *copy);  // bitmaps copy their common attributes
   ASSERT_NE(copy->GetPixelImage(), nullptr);
   EXPECT_NE(copy->GetPixelImage(), image);
   EXPECT_EQ(copy->GetPixelImage()->GetRefCount(), 1u);
@@ -351,7 +344,7 @@ TEST_F(FiguresImages, ImageElementOwnsItsColourTable) {
   *assigned = *image;
   EXPECT_NE(assigned->GetColorTable(), image->GetColorTable());
   ExpectSomeTable(assigned->GetColorTable());
-  ExpectEqualCommonAttributes(*image, *assigned);
+  ExpectSameCommonAttributes(*image, *assigned);
 
   VYRPrtGraphicPrimitiveElt* pCopy = nullptr;
   image->Duplicate(pCopy);

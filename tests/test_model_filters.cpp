@@ -55,7 +55,7 @@ void FillPrimitive(VYRPrtFilterBaseElt& io_primitive, const char* i_result) {
 }
 
 void ExpectEqualPrimitives(const VYRPrtFilterBaseElt& i_a, const VYRPrtFilterBaseElt& i_b) {
-  ExpectEqualCommonAttributes(i_a, i_b);
+  ExpectSameCommonAttributes(i_a, i_b);
   EXPECT_EQ(i_a.GetResult(), i_b.GetResult());
   EXPECT_EQ(i_a.GetInput(), i_b.GetInput());
   EXPECT_TRUE(i_a.GetSubregion() == i_b.GetSubregion());

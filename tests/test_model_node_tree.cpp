@@ -216,16 +216,16 @@ TEST_F(NodeTree, EveryContainerRoundTripsWithItsFieldsAndChildren) {
 
   auto* readDefs = static_cast<VYRPrtDefsElt*>(readGroup->GetChild(0));
   EXPECT_STREQ(readDefs->IsA(), VYRPrtDefsElt::ClassName());
-  ExpectEqualCommonAttributes(*defs, *readDefs);
+  ExpectSameCommonAttributes(*defs, *readDefs);
   auto* readSwitch = static_cast<VYRPrtSwitchElt*>(readGroup->GetChild(1));
   EXPECT_STREQ(readSwitch->IsA(), VYRPrtSwitchElt::ClassName());
-  ExpectEqualCommonAttributes(*sw, *readSwitch);
+  ExpectSameCommonAttributes(*sw, *readSwitch);
   ExpectChildIds(*readSwitch, {"alternative"});
 
   ExpectChildIds(*readDefs, {"symbol"});
   auto* readSymbol = static_cast<VYRPrtSymbolElt*>(readDefs->GetChild(0));
   EXPECT_STREQ(readSymbol->IsA(), VYRPrtSymbolElt::ClassName());
-  ExpectEqualCommonAttributes(*symbol, *readSymbol);
+  ExpectSameCommonAttributes(*symbol, *readSymbol);
   EXPECT_EQ(readSymbol->GetOrigin(), VYRMathPoint2D(5.5, -6.25));
   double width = 0, height = 0;
   readSymbol->GetSize(width, height);
@@ -254,7 +254,7 @@ TEST_F(NodeTree, GroupDefsAndSymbolDuplicateWithTheirOwnChildrenSwitchDoesNot) {
   ASSERT_NE(pCopy, nullptr);
   ASSERT_NE(pCopy, group);
   auto* groupCopy = static_cast<VYRPrtGroupElt*>(pCopy);
-  ExpectEqualCommonAttributes(*group, *groupCopy);
+  ExpectSameCommonAttributes(*group, *groupCopy);
   VYRPrintLinkURI link;
   groupCopy->GetGroupAttributes().GetLinkURI(link);
   EXPECT_TRUE(link == SomeLink());

@@ -54,7 +54,7 @@ class PaintServers : public ::testing::Test {
 };
 
 void ExpectEqualStops(const VYRPrtGradientStopElt& i_a, const VYRPrtGradientStopElt& i_b) {
-  ExpectEqualCommonAttributes(i_a, i_b);
+  ExpectSameCommonAttributes(i_a, i_b);
   EXPECT_EQ(i_a.GetOffset(), i_b.GetOffset());
   EXPECT_EQ(i_a.GetStopOpacity(), i_b.GetStopOpacity());
   unsigned char a[3], b[3];
@@ -64,7 +64,7 @@ void ExpectEqualStops(const VYRPrtGradientStopElt& i_a, const VYRPrtGradientStop
 }
 
 void ExpectEqualGradients(const VYRPrtBaseGradientElt& i_a, const VYRPrtBaseGradientElt& i_b) {
-  ExpectEqualCommonAttributes(i_a, i_b);
+  ExpectSameCommonAttributes(i_a, i_b);
   EXPECT_EQ(i_a.GetUnits(), i_b.GetUnits());
   EXPECT_EQ(i_a.GetSpreadMethod(), i_b.GetSpreadMethod());
   EXPECT_TRUE(i_a.GetGradientTransform() == i_b.GetGradientTransform());
