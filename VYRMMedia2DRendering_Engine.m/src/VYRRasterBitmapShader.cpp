@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -183,8 +184,12 @@ void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisY y, int i_firstColumn, 
   for (; i + 2 <= i_count; i += 2) {
     const ColumnStep& s0 = i_steps[i];
     const ColumnStep& s1 = i_steps[i + 1];
-    const __m128i left = _mm_unpacklo_epi64(column(s0.left), column(s1.left));
-    const __m128i right = _mm_unpacklo_epi64(column(s0.right), column(s1.right));
+    // Both columns of a step in one load: the loop is bound by its loads.
+    uint64_t columns0, columns1;
+    std::memcpy(&columns0, &s0.left, sizeof columns0);
+    std::memcpy(&columns1, &s1.left, sizeof columns1);
+    const __m128i left = _mm_unpacklo_epi64(column(int32_t(columns0)), column(int32_t(columns1)));
+    const __m128i right = _mm_unpacklo_epi64(column(int32_t(columns0 >> 32)), column(int32_t(columns1 >> 32)));
     const __m128i wx = _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(&s0.weightLanes)),
                                           _mm_loadl_epi64(reinterpret_cast<const __m128i*>(&s1.weightLanes)));
     const __m128i m =
