@@ -54,17 +54,6 @@ void FillPrimitive(VYRPrtFilterBaseElt& io_primitive, const char* i_result) {
   io_primitive.SetColorAttribute(&colours);
 }
 
-void ExpectEqualPrimitives(const VYRPrtFilterBaseElt& i_a, const VYRPrtFilterBaseElt& i_b) {
-  ExpectSameCommonAttributes(i_a, i_b);
-  EXPECT_EQ(i_a.GetResult(), i_b.GetResult());
-  EXPECT_EQ(i_a.GetInput(), i_b.GetInput());
-  EXPECT_TRUE(i_a.GetSubregion() == i_b.GetSubregion());
-  ASSERT_EQ(i_a.GetColorAttribute() == nullptr, i_b.GetColorAttribute() == nullptr);
-  if (i_a.GetColorAttribute()) {
-    EXPECT_TRUE(*i_a.GetColorAttribute() == *i_b.GetColorAttribute());
-  }
-}
-
 void ExpectDefaultPrimitive(const VYRPrtFilterBaseElt& i_primitive) {
   ExpectDefaultCommonAttributes(i_primitive);
   EXPECT_TRUE(i_primitive.GetResult().IsEmpty());
@@ -83,90 +72,6 @@ VYR5X5ColorMatrix MatrixOf(MM2D::ColorMatrixType i_type, const char* i_values, i
 }
 
 }  // namespace
-
-TEST_F(Filters, ContainerAndPrimitivesRoundTripEveryField) {
-  auto* container = Make<VYRPrtFilterContainerElt>();
-  SetNonDefaultCommonAttributes(*container, "shadow");
-  VYRPrtRegionAttributes region;
-  region.SetRegion(-5.0, -6.0, 110.0, 120.0);
-  container->SetRegion(region);
-  container->SetUnits(MM2D::UnitUserSpaceOnUse);
-  container->SetPrimitiveUnits(MM2D::UnitObjectBoundingBox);
-  container->SetResolution(200.0, 100.0);
-  container->SetHrefID("base");
-
-  auto* blur = Make<VYRPrtFilterGaussianBlurElt>();
-  FillPrimitive(*blur, "blurred");
-  blur->SetStdDeviation(2.5, 4.0);
-  auto* offset = Make<VYRPrtFilterOffsetElt>();
-  FillPrimitive(*offset, "moved");
-  offset->SetOffset(-3.0, 7.5);
-  auto* matrix = Make<VYRPrtFilterColorMatrixElt>();
-  FillPrimitive(*matrix, "tinted");
-  matrix->SetType(MM2D::ColorMatrixHueRotate);
-  matrix->SetValues("90");
-  auto* blend = Make<VYRPrtFilterBlendElt>();
-  FillPrimitive(*blend, "blended");
-  blend->SetMode(eTransferMultiply);
-  blend->SetInput2("moved");
-  auto* merge = Make<VYRPrtFilterMergeElt>();
-  FillPrimitive(*merge, "merged");
-  auto* node1 = Make<VYRPrtFilterMergeNodeElt>();
-  FillPrimitive(*node1, "node1");
-  node1->SetInput("blended");
-  auto* node2 = Make<VYRPrtFilterMergeNodeElt>();
-  node2->SetInput("SourceGraphic");
-  merge->AddChild(node1);
-  merge->AddChild(node2);
-  for (VYRPrtFilterBaseElt* primitive : std::vector<VYRPrtFilterBaseElt*>{blur, offset, matrix, blend, merge})
-    container->AddChild(primitive);
-
-  auto* back = RoundTrip<VYRPrtFilterContainerElt>(*container);
-  ASSERT_NE(back, nullptr);
-  EXPECT_TRUE(back->GetRegion() == region);
-  EXPECT_EQ(back->GetUnits(), MM2D::UnitUserSpaceOnUse);
-  EXPECT_EQ(back->GetPrimitiveUnits(), MM2D::UnitObjectBoundingBox);
-  double x = 0, y = 0;
-  back->GetResolution(x, y);
-  EXPECT_EQ(x, 200.0);
-  EXPECT_EQ(y, 100.0);
-  EXPECT_EQ(back->GetHrefID(), "base");
-  ASSERT_EQ(back->GetChildArray().GetLength(), 5);
-
-  auto* blurBack = static_cast<VYRPrtFilterGaussianBlurElt*>(back->GetChild(0));
-  ASSERT_STREQ(blurBack->IsA(), VYRPrtFilterGaussianBlurElt::ClassName());
-  ExpectEqualPrimitives(*blur, *blurBack);
-  EXPECT_EQ(blurBack->GetStdDeviationX(), 2.5);
-  EXPECT_EQ(blurBack->GetStdDeviationY(), 4.0);
-
-  auto* offsetBack = static_cast<VYRPrtFilterOffsetElt*>(back->GetChild(1));
-  ASSERT_STREQ(offsetBack->IsA(), VYRPrtFilterOffsetElt::ClassName());
-  ExpectEqualPrimitives(*offset, *offsetBack);
-  EXPECT_EQ(offsetBack->GetDx(), -3.0);
-  EXPECT_EQ(offsetBack->GetDy(), 7.5);
-
-  auto* matrixBack = static_cast<VYRPrtFilterColorMatrixElt*>(back->GetChild(2));
-  ASSERT_STREQ(matrixBack->IsA(), VYRPrtFilterColorMatrixElt::ClassName());
-  ExpectEqualPrimitives(*matrix, *matrixBack);
-  EXPECT_EQ(matrixBack->GetType(), MM2D::ColorMatrixHueRotate);
-  EXPECT_EQ(matrixBack->GetValues(), "90");
-
-  auto* blendBack = static_cast<VYRPrtFilterBlendElt*>(back->GetChild(3));
-  ASSERT_STREQ(blendBack->IsA(), VYRPrtFilterBlendElt::ClassName());
-  ExpectEqualPrimitives(*blend, *blendBack);
-  EXPECT_EQ(blendBack->GetMode(), eTransferMultiply);
-  EXPECT_EQ(blendBack->GetInput2(), "moved");
-
-  auto* mergeBack = static_cast<VYRPrtFilterMergeElt*>(back->GetChild(4));
-  ASSERT_STREQ(mergeBack->IsA(), VYRPrtFilterMergeElt::ClassName());
-  ExpectEqualPrimitives(*merge, *mergeBack);
-  ASSERT_EQ(mergeBack->GetMergeNodeCount(), 2);
-  ExpectEqualPrimitives(*node1, *mergeBack->GetMergeNode(0));
-  EXPECT_EQ(mergeBack->GetMergeNode(1)->GetInput(), "SourceGraphic");
-  EXPECT_EQ(mergeBack->GetMergeNode(1)->GetColorAttribute(), nullptr);
-  EXPECT_EQ(mergeBack->GetMergeNode(1)->GetFather(), mergeBack);
-  EXPECT_EQ(mergeBack->GetMergeNode(2), nullptr);
-}
 
 TEST_F(Filters, MergeCountsOnlyItsMergeNodes) {
   auto* merge = Make<VYRPrtFilterMergeElt>();

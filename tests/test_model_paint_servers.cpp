@@ -97,38 +97,6 @@ VYRPrtRegionAttributes SomeRegion() {
 
 }  // namespace
 
-TEST_F(PaintServers, GradientsRoundTripWithTheirStops) {
-  auto* linear = Make<VYRPrtLinearGradientElt>();
-  FillGradient(*linear);
-  linear->SetStartPoint(VYRMathPoint2D(0.1, 0.2));
-  linear->SetEndPoint(VYRMathPoint2D(0.9, 0.8));
-  auto* linearBack = RoundTrip<VYRPrtLinearGradientElt>(*linear);
-  ASSERT_NE(linearBack, nullptr);
-  ExpectEqualGradients(*linear, *linearBack);
-  EXPECT_NE(linearBack->GetStop(0), linear->GetStop(0));
-  ExpectEqualPoints(linearBack->GetStartPoint(), linear->GetStartPoint());
-  ExpectEqualPoints(linearBack->GetEndPoint(), linear->GetEndPoint());
-
-  auto* radial = Make<VYRPrtRadialGradientElt>();
-  FillGradient(*radial);
-  radial->SetCentre(VYRMathPoint2D(3.0, 4.0));
-  radial->SetRadius(6.5);
-  radial->SetFocus(VYRMathPoint2D(2.0, 3.5));
-  auto* radialBack = RoundTrip<VYRPrtRadialGradientElt>(*radial);
-  ASSERT_NE(radialBack, nullptr);
-  ExpectEqualGradients(*radial, *radialBack);
-  ExpectEqualPoints(radialBack->GetCentre(), radial->GetCentre());
-  EXPECT_EQ(radialBack->GetRadius(), 6.5);
-  EXPECT_TRUE(radialBack->HasFocus());
-  ExpectEqualPoints(radialBack->GetFocus(), VYRMathPoint2D(2.0, 3.5));
-
-  auto* stop = MakeStop("alone", 0.5, 7, 0.75);
-  SetNonDefaultCommonAttributes(*stop, "alone");
-  auto* stopBack = RoundTrip<VYRPrtGradientStopElt>(*stop);
-  ASSERT_NE(stopBack, nullptr);
-  ExpectEqualStops(*stop, *stopBack);
-}
-
 TEST_F(PaintServers, DefaultStopTailAndFocusFollowingTheCentre) {
   VYR2DGStringStream stream;
   auto* stop = Make<VYRPrtGradientStopElt>();

@@ -28,13 +28,6 @@ VYRSYPDynArray<VYRMathPoint2D> Points(std::initializer_list<VYRMathPoint2D> i_po
   return points;
 }
 
-bool SamePoints(const VYRSYPDynArray<VYRMathPoint2D>& i_a, const VYRSYPDynArray<VYRMathPoint2D>& i_b) {
-  if (i_a.GetLength() != i_b.GetLength()) return false;
-  for (int i = 0; i < i_a.GetLength(); ++i)
-    if (i_a[i] != i_b[i]) return false;
-  return true;
-}
-
 VYRPrtMarkerReferences SomeMarkers() {
   VYRPrtMarkerReferences markers;
   markers.SetMarkerID(VYRPrtMarkerReferences::Start, "dot");
@@ -48,11 +41,6 @@ void SetNonDefaultPointBased(VYRPrtPointBasedElt& io_elt) {
   io_elt.SetMarkerReferences(SomeMarkers());
 }
 
-void ExpectSamePointBased(const VYRPrtPointBasedElt& i_a, const VYRPrtPointBasedElt& i_b) {
-  ExpectSameShapeAttributes(i_a, i_b);
-  EXPECT_TRUE(i_a.GetMarkerReferences() == i_b.GetMarkerReferences());
-}
-
 VYRPrtPointRuns TwoRuns() {
   VYRPrtPointRuns runs;
   runs.AddRun(Points({{0, 0}, {1, 0}, {1, 1}}));
@@ -62,69 +50,6 @@ VYRPrtPointRuns TwoRuns() {
 }
 
 }  // namespace
-
-TEST_F(ModelPointBased, PointListShapesRoundTripWithMarkersAndPoints) {
-  std::vector<VYRPrtPointListElt*> shapes{Make<VYRPrtPolylineElt>(), Make<VYRPrtPolygonElt>(),
-                                          Make<VYRPrtPolyCubicBezierElt>(), Make<VYRPrtPolyQuadraticBezierElt>()};
-  std::vector<int> tags{39, 38, 37, 41};
-  for (size_t i = 0; i < shapes.size(); ++i) {
-    VYRPrtPointListElt* shape = shapes[i];
-    SetNonDefaultPointBased(*shape);
-    shape->SetPoints(Points({{1, 2}, {3, 4}, {5, 6}, {7.5, -8}}));
-    EXPECT_EQ(shape->GetStreamType(), tags[i]);
-    VYR2DGStringStream reader = ReadingStream(BytesOf(*shape));
-    VYRPrtGraphicPrimitiveElt* back = VYRPrtStreamUnstreamHelper::CreateVYRPrtGraphicPrimitiveEltFromStream(&reader);
-    ASSERT_NE(back, nullptr);
-    ASSERT_EQ(back->IsA(), shape->IsA());
-    EXPECT_EQ(reader.GetReadableBytesLeft(), 0);
-    auto* backShape = static_cast<VYRPrtPointListElt*>(back);
-    ExpectSamePointBased(*shape, *backShape);
-    EXPECT_TRUE(SamePoints(backShape->GetPoints(), shape->GetPoints())) << shape->IsA();
-    EXPECT_EQ(backShape->GetMarkerReferences().GetMarkerID(VYRPrtMarkerReferences::Mid), "tick");
-  }
-}
-
-TEST_F(ModelPointBased, RunsAndNURBSRoundTrip) {
-  auto* polyPolygon = Make<VYRPrtPolyPolygonElt>();
-  SetNonDefaultPointBased(*polyPolygon);
-  polyPolygon->SetRings(TwoRuns());
-  auto* polyPolygonBack = RoundTrip<VYRPrtPolyPolygonElt>(*polyPolygon);
-  ASSERT_NE(polyPolygonBack, nullptr);
-  ExpectSamePointBased(*polyPolygon, *polyPolygonBack);
-  EXPECT_TRUE(polyPolygonBack->GetRings() == TwoRuns());
-
-  auto* disjoint = Make<VYRPrtDisjointPolylineElt>();
-  SetNonDefaultPointBased(*disjoint);
-  disjoint->AddRun(Points({{9, 9}, {8, 8}}));
-  disjoint->AddRun(Points({{7, 7}}));
-  auto* disjointBack = RoundTrip<VYRPrtDisjointPolylineElt>(*disjoint);
-  ASSERT_NE(disjointBack, nullptr);
-  ExpectSamePointBased(*disjoint, *disjointBack);
-  ASSERT_EQ(disjointBack->GetRuns().GetRunCount(), 2);
-  VYRSYPDynArray<VYRMathPoint2D> run;
-  EXPECT_EQ(disjointBack->GetRuns().GetRun(1, run), 1);
-  EXPECT_TRUE(SamePoints(run, Points({{7, 7}})));
-
-  auto* nurbs = Make<VYRPrtNURBSElt>();
-  SetNonDefaultPointBased(*nurbs);
-  VYRSYPDynArray<double> knots, weights;
-  for (double k : {0.0, 0.0, 0.0, 0.5, 1.0, 1.0, 1.0}) knots.Append(k);
-  for (double w : {1.0, 0.5, 2.0, 1.0}) weights.Append(w);
-  nurbs->SetParameters(2, knots, weights, Points({{0, 0}, {1, 2}, {3, 2}, {4, 0}}));
-  auto* nurbsBack = RoundTrip<VYRPrtNURBSElt>(*nurbs);
-  ASSERT_NE(nurbsBack, nullptr);
-  ExpectSamePointBased(*nurbs, *nurbsBack);
-  int degree = 0;
-  VYRSYPDynArray<double> knotsBack, weightsBack;
-  VYRSYPDynArray<VYRMathPoint2D> controlBack;
-  nurbsBack->GetParameters(degree, knotsBack, weightsBack, controlBack);
-  EXPECT_EQ(degree, 2);
-  ASSERT_EQ(knotsBack.GetLength(), 7);
-  EXPECT_EQ(knotsBack[3], 0.5);
-  ASSERT_EQ(weightsBack.GetLength(), 4);
-  EXPECT_EQ(weightsBack[2], 2.0);
-  EXPECT_TRUE(SamePoints(controlBack, nurbs->GetControlPoints()));
-}
 
 TEST_F(ModelPointBased, RecordEndsWithMarkersThenThePointArray) {
   VYRPrtPolylineElt polyline;

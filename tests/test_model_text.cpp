@@ -36,19 +36,6 @@ VYRPrtTextElt* MakeText() {
 
 }  // namespace
 
-TEST_F(ModelText, TextRoundTripsStringPositionsAndAttributes) {
-  VYRPrtTextElt* text = MakeText();
-  VYRPrtTextElt* back = RoundTrip<VYRPrtTextElt>(*text);
-  ASSERT_NE(back, nullptr);
-  ExpectSameShapeAttributes(*text, *back);
-  EXPECT_EQ(back->GetText(), VYRUnicodeString("Grüße"));
-  ASSERT_EQ(back->GetPositionCount(), 2);
-  EXPECT_EQ(back->GetPosition(1), VYRMathPoint2D(18, 20));
-  EXPECT_TRUE(back->GetTextAttributes() == NonDefaultTextAttributes());
-  EXPECT_EQ(back->GetTextAttributes().GetHeight(), 12.5);
-  EXPECT_EQ(back->GetTextAttributes().GetFontVersion(), 4);
-}
-
 TEST_F(ModelText, RecordEndsWithStringPositionsAndAttributes) {
   VYRPrtTextElt text;
   text.SetText("ab");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -147,7 +148,9 @@ void ShadeBilinear(const Pixels& i_pixels, AxisX x, AxisY y, int i_count, uint32
 
 // Bilinear sampling along a device row that stays between the same two bitmap rows (no
 // rotation or skew): the rows are mixed once for each bitmap column in [i_firstColumn,
-// i_lastColumn], then each pixel mixes the two columns its step names.
+// i_lastColumn], then each pixel mixes the two columns its step names. The mixed columns keep
+// their channels in 16-bit lanes; with SSE2 those lanes are in memory order and two columns or
+// two pixels go at once, with the same arithmetic as Lerp, so both forms agree bit for bit.
 template <class AxisY, class ColumnStep>
 void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisY y, int i_firstColumn, int i_lastColumn,
                             const ColumnStep* i_steps, int i_count, std::vector<uint64_t>& io_mixed,
@@ -157,12 +160,56 @@ void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisY y, int i_firstColumn, 
   const unsigned wy = y.Weight();
   const uint32_t* upperRow = i_pixels.Row(top);
   const uint32_t* lowerRow = i_pixels.Row(bottom);
-  if (io_mixed.size() < size_t(i_lastColumn) + 1) io_mixed.resize(size_t(i_lastColumn) + 1);
+  if (io_mixed.size() < size_t(i_lastColumn) + 2) io_mixed.resize(size_t(i_lastColumn) + 2);
   uint64_t* mixed = io_mixed.data();
+#if defined(__SSE2__)
+  const __m128i zero = _mm_setzero_si128();
+  const __m128i full = _mm_set1_epi16(256);
+  const __m128i lower = _mm_set1_epi16(static_cast<short>(wy)), upper = _mm_sub_epi16(full, lower);
+  int c = i_firstColumn;
+  for (; c < i_lastColumn; c += 2) {
+    const __m128i a = _mm_unpacklo_epi8(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(upperRow + c)), zero);
+    const __m128i b = _mm_unpacklo_epi8(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(lowerRow + c)), zero);
+    const __m128i m = _mm_srli_epi16(_mm_add_epi16(_mm_mullo_epi16(a, upper), _mm_mullo_epi16(b, lower)), 8);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(mixed + c), m);
+  }
+  if (c == i_lastColumn) {
+    const __m128i a = _mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(upperRow[c])), zero);
+    const __m128i b = _mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(lowerRow[c])), zero);
+    const __m128i m = _mm_srli_epi16(_mm_add_epi16(_mm_mullo_epi16(a, upper), _mm_mullo_epi16(b, lower)), 8);
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(mixed + c), m);
+  }
+  auto column = [mixed](int i_column) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(mixed + i_column)); };
+  int i = 0;
+  for (; i + 2 <= i_count; i += 2) {
+    const ColumnStep& s0 = i_steps[i];
+    const ColumnStep& s1 = i_steps[i + 1];
+    // Both columns of a step in one load: the loop is bound by its loads.
+    uint64_t columns0, columns1;
+    std::memcpy(&columns0, &s0.left, sizeof columns0);
+    std::memcpy(&columns1, &s1.left, sizeof columns1);
+    const __m128i left = _mm_unpacklo_epi64(column(int32_t(columns0)), column(int32_t(columns1)));
+    const __m128i right = _mm_unpacklo_epi64(column(int32_t(columns0 >> 32)), column(int32_t(columns1 >> 32)));
+    const __m128i wx = _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(&s0.weightLanes)),
+                                          _mm_loadl_epi64(reinterpret_cast<const __m128i*>(&s1.weightLanes)));
+    const __m128i m =
+        _mm_srli_epi16(_mm_add_epi16(_mm_mullo_epi16(left, _mm_sub_epi16(full, wx)), _mm_mullo_epi16(right, wx)), 8);
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(o_pixels + i), _mm_packus_epi16(m, m));
+  }
+  if (i < i_count) {
+    const ColumnStep& s = i_steps[i];
+    const __m128i wx = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(&s.weightLanes));
+    const __m128i m = _mm_srli_epi16(
+        _mm_add_epi16(_mm_mullo_epi16(column(s.left), _mm_sub_epi16(full, wx)), _mm_mullo_epi16(column(s.right), wx)),
+        8);
+    o_pixels[i] = static_cast<uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(m, m)));
+  }
+#else
   for (int c = i_firstColumn; c <= i_lastColumn; ++c) mixed[c] = Lerp(Expand(upperRow[c]), Expand(lowerRow[c]), wy);
   for (int i = 0; i < i_count; ++i) {
     o_pixels[i] = Pack(Lerp(mixed[i_steps[i].left], mixed[i_steps[i].right], i_steps[i].weight));
   }
+#endif
 }
 
 void ScaleByAlpha(uint32_t* io_pixels, int i_count, unsigned i_alpha) {
@@ -203,6 +250,15 @@ void VYRRasterBitmapShader::shadeRow(int x, int y, int count, uint32_t* o_premul
   // Bilinear weights come from the distances to the four nearest pixel centres.
   const bool bilinear = _filter == kBilinear_Filter;
   if (bilinear) u -= 0.5, v -= 0.5;
+  if (x == _stepsX && count == _stepsCount) {
+    // A later row of a scale-only bilinear walk: the same columns and steps, only v moves.
+    WithAxis(_tileY, v, dv, _bitmap.height(), [&](auto i_axisY) {
+      ShadeBilinearAlongRows(pixels, i_axisY, _stepsFirstColumn, _stepsLastColumn, _columnSteps.data(), count,
+                             _mixedRow, o_premultiplied);
+    });
+    if (_paintAlpha != 255) ScaleByAlpha(o_premultiplied, count, _paintAlpha);
+    return;
+  }
   // The bitmap columns a row touches, when few enough to mix the two rows column by column
   // first (-1 otherwise): a clamped row's span of columns, or all columns of a repeated one.
   const int width = _bitmap.width();
@@ -212,7 +268,7 @@ void VYRRasterBitmapShader::shadeRow(int x, int y, int count, uint32_t* o_premul
       const double from = std::min(u, u + du * (count - 1)), to = std::max(u, u + du * (count - 1));
       firstColumn = static_cast<int>(std::clamp(std::floor(from), 0.0, width - 1.0));
       lastColumn = static_cast<int>(std::clamp(std::floor(to) + 1, 0.0, width - 1.0));
-      if (lastColumn - firstColumn > 2 * count) firstColumn = -1;
+      if (lastColumn - firstColumn > 4 * count) firstColumn = -1;
     } else if (width <= 2 * count) {
       firstColumn = 0;
       lastColumn = width - 1;
@@ -221,17 +277,18 @@ void VYRRasterBitmapShader::shadeRow(int x, int y, int count, uint32_t* o_premul
   WithAxis(_tileX, u, du, _bitmap.width(), [&](auto i_axisX) {
     WithAxis(_tileY, v, dv, _bitmap.height(), [&](auto i_axisY) {
       if (bilinear && dv == 0 && m.getSkewX() == 0 && firstColumn >= 0) {
-        if (x != _stepsX || count != _stepsCount) {
-          _columnSteps.resize(size_t(count));
-          auto axisX = i_axisX;
-          for (ColumnStep& step : _columnSteps) {
-            axisX.Pair(step.left, step.right);
-            step.weight = axisX.Weight();
-            axisX.Advance();
-          }
-          _stepsX = x;
-          _stepsCount = count;
+        _columnSteps.resize(size_t(count));
+        auto axisX = i_axisX;
+        for (ColumnStep& step : _columnSteps) {
+          axisX.Pair(step.left, step.right);
+          step.weight = axisX.Weight();
+          step.weightLanes = step.weight * 0x0001000100010001ull;
+          axisX.Advance();
         }
+        _stepsX = x;
+        _stepsCount = count;
+        _stepsFirstColumn = firstColumn;
+        _stepsLastColumn = lastColumn;
         ShadeBilinearAlongRows(pixels, i_axisY, firstColumn, lastColumn, _columnSteps.data(), count, _mixedRow,
                                o_premultiplied);
       } else if (bilinear) {

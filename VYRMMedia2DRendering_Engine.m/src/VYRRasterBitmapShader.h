@@ -41,8 +41,10 @@ class VYR_EXPORT VYRRasterBitmapShader : public VYRRasterShader {
   struct ColumnStep {
     int left, right;
     unsigned weight;
+    uint64_t weightLanes;  // the weight in each of four 16-bit lanes
   };
   std::vector<ColumnStep> _columnSteps;
-  int _stepsX = 0, _stepsCount = -1;  // the row the steps were made for (-1: none this draw)
+  // The row the steps were made for (-1: none this draw) and the bitmap columns it mixes.
+  int _stepsX = 0, _stepsCount = -1, _stepsFirstColumn = 0, _stepsLastColumn = 0;
   std::vector<uint64_t> _mixedRow;
 };
