@@ -396,6 +396,23 @@ TEST(HostImport, ResourcesTakeTheStyleOfTheirAncestors) {
   EXPECT_EQ(pRect->GetClipPath()->GetClipRule(), VYRPrtFillRuleEvenOdd);
 }
 
+TEST(HostImport, GradientReferencesPreferHrefAndKeepCoordinatesToTheirKind) {
+  Imported doc(Svg("<radialGradient id='r' y2='1' spreadMethod='reflect'/>"
+                   "<linearGradient id='red'><stop stop-color='red'/></linearGradient>"
+                   "<linearGradient id='l' xlink:href='#red' href='#r' gradientUnits='userSpaceOnUse' x2='7'>"
+                   "<stop stop-color='blue'/></linearGradient>"
+                   "<rect width='10' height='10' fill='url(#l)'/>"));
+  auto* pRect = doc.Child<VYRPrtRectangleElt>(3);
+  ASSERT_NE(pRect, nullptr);
+  const auto* pGradient = dynamic_cast<const VYRPrintGradientLinear*>(pRect->GetFillAttributes().GetGradient());
+  ASSERT_NE(pGradient, nullptr);
+  EXPECT_EQ(pGradient->GetSpread(), VYRPrintGradientSpreadReflect);  // through href, not xlink:href
+  float x2 = 0.0f, y2 = 0.0f;
+  pGradient->GetEndPoint(x2, y2);
+  EXPECT_EQ(x2, 7.0f);
+  EXPECT_EQ(y2, 0.0f);  // a radial gradient's y2 is no coordinate of a linear one
+}
+
 TEST(HostImport, TextAndEmbeddedImage) {
   // A 1 x 1 opaque green PNG, base64-encoded.
   auto* pPixels = new VYRPixelImage(1, 1, VYRPixelImageFormat_RGBA32);

@@ -569,8 +569,8 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportBitmap(const VYRIDOMElement_var
                                                         const Context& i_context) {
   const double width = Length(i_element, "width", i_context, VYRSvgLengthAxis::eX, 0.0);
   const double height = Length(i_element, "height", i_context, VYRSvgLengthAxis::eY, 0.0);
-  std::string href = Attribute(i_element, "xlink:href");
-  if (href.empty()) href = Attribute(i_element, "href");
+  std::string href = Attribute(i_element, "href");
+  if (href.empty()) href = Attribute(i_element, "xlink:href");
   const size_t comma = href.find(',');
   if (href.compare(0, 5, "data:") != 0 || comma == std::string::npos ||
       href.substr(0, comma).find(";base64") == std::string::npos) {
@@ -921,8 +921,13 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportGradient(const std::string& i_n
   };
   const MM2D::UnitType units = Units(Attribute(holder("gradientUnits"), "gradientUnits"), MM2D::UnitObjectBoundingBox);
   const bool boxUnits = units == MM2D::UnitObjectBoundingBox;
+  // Coordinates come only from gradients of the same kind.
+  std::vector<VYRIDOMElement_var> sameKind;
+  for (const VYRIDOMElement_var& element : chain) {
+    if (LocalName(element) == i_name) sameKind.push_back(element);
+  }
   auto read = [&](const char* i_attribute, VYRSvgLengthAxis i_axis, double i_default) {
-    const VYRIDOMElement_var& element = holder(i_attribute);
+    const VYRIDOMElement_var& element = Holder(sameKind, i_attribute);
     return boxUnits ? Fraction(element, i_attribute, i_default)
                     : Length(element, i_attribute, i_context, i_axis, i_default * (i_axis == VYRSvgLengthAxis::eY
                                                                                       ? i_context.lengths.viewportHeight
@@ -1123,8 +1128,9 @@ bool VYRSvgImporter::HasAttribute(const VYRIDOMElement_var& i_element, const cha
 }
 
 std::string VYRSvgImporter::HrefID(const VYRIDOMElement_var& i_element) const {
-  std::string href = Attribute(i_element, "xlink:href");
-  if (href.empty()) href = Attribute(i_element, "href");
+  // The plain attribute wins over the one in the XLink namespace.
+  std::string href = Attribute(i_element, "href");
+  if (href.empty()) href = Attribute(i_element, "xlink:href");
   std::string id;
   VYRSvgValues::ParseReference(href, id);
   return id;
