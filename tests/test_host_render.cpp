@@ -136,6 +136,31 @@ TEST(HostRender, ClipPathTransformsActInUserUnitsOverBoxUnits) {
   EXPECT_TRUE(Near(picture.At(25, 10), kClear));
 }
 
+TEST(HostRender, DashOffsetsShiftThePattern) {
+  Rendered picture(Svg("<line x1='0' y1='5' x2='40' y2='5' stroke='blue' stroke-width='4' stroke-dasharray='10 10'"
+                       " stroke-dashoffset='5'/>"
+                       "<line x1='0' y1='15' x2='40' y2='15' stroke='blue' stroke-width='4' stroke-dasharray='10 10'"
+                       " stroke-dashoffset='-5'/>"
+                       "<line x1='0' y1='25' x2='40' y2='25' stroke='blue' stroke-width='4' stroke-dasharray='10 5 5'"
+                       " stroke-dashoffset='12'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  // Five units in: the rest of the first dash, then a gap.
+  EXPECT_TRUE(Near(picture.At(2, 5), kBlue));
+  EXPECT_TRUE(Near(picture.At(7, 5), kClear));
+  EXPECT_TRUE(Near(picture.At(17, 5), kBlue));
+  // Five units back: the line starts in the gap.
+  EXPECT_TRUE(Near(picture.At(2, 15), kClear));
+  EXPECT_TRUE(Near(picture.At(7, 15), kBlue));
+  EXPECT_TRUE(Near(picture.At(17, 15), kClear));
+  // An odd list repeats (dash 10, gap 5, dash 5, gap 10, dash 5, gap 5); twelve in
+  // falls in the first gap, three before its end: gap 0-3, dash 3-8, gap 8-18, dash 18-23.
+  EXPECT_TRUE(Near(picture.At(1, 25), kClear));
+  EXPECT_TRUE(Near(picture.At(5, 25), kBlue));
+  EXPECT_TRUE(Near(picture.At(14, 25), kClear));
+  EXPECT_TRUE(Near(picture.At(20, 25), kBlue));
+  EXPECT_TRUE(Near(picture.At(25, 25), kClear));
+}
+
 TEST(HostRender, HiddenAndUnusedElementsDrawNothing) {
   Rendered picture(Svg("<defs><rect width='40' height='40' fill='red'/></defs>"
                        "<rect width='40' height='40' fill='red' visibility='hidden'/>"

@@ -691,6 +691,32 @@ bool PaintColor(const VYRSvgPaint& i_paint, VYRSvgPaint::Kind i_kind, const VYRS
   return false;
 }
 
+// The dash lengths that start i_offset into the pattern, for drawings whose
+// dashes always start at the path's beginning: the entry the offset falls in
+// is split, and a start inside a gap gets an empty dash before it.
+std::vector<double> ShiftedDashes(const std::vector<double>& i_dashes, double i_offset) {
+  std::vector<double> pattern = i_dashes;
+  // An odd list repeats to make dash and gap pairs.
+  if (pattern.size() % 2 == 1) pattern.insert(pattern.end(), i_dashes.begin(), i_dashes.end());
+  double total = 0.0;
+  for (double length : pattern) total += length;
+  if (pattern.empty() || !(total > 0.0) || i_offset == 0.0) return pattern;
+  double offset = std::fmod(i_offset, total);
+  if (offset < 0.0) offset += total;
+  size_t entry = 0;
+  while (entry + 1 < pattern.size() && offset >= pattern[entry]) offset -= pattern[entry++];
+  const bool inGap = entry % 2 == 1;
+  std::vector<double> shifted;
+  if (inGap) shifted.push_back(0.0);
+  shifted.push_back(pattern[entry] - offset);
+  shifted.insert(shifted.end(), pattern.begin() + static_cast<long>(entry) + 1, pattern.end());
+  shifted.insert(shifted.end(), pattern.begin(), pattern.begin() + static_cast<long>(entry));
+  shifted.push_back(offset);
+  // A dash split in two ends on its first part: an empty gap joins the parts.
+  if (!inGap) shifted.push_back(0.0);
+  return shifted;
+}
+
 bool IsGradient(VYRPrtGraphicPrimitiveElt* i_pElt) {
   return i_pElt != nullptr && (i_pElt->GetStreamType() == kStreamTypeLinearGradientElt ||
                                i_pElt->GetStreamType() == kStreamTypeRadialGradientElt);
@@ -741,8 +767,9 @@ VYRPrtStrokeAttributes VYRSvgImporter::MakeStroke(const Context& i_context, VYRP
   stroke.SetStrokeOpacity(OpacityByte(style.strokeOpacity));
   stroke.SetStrokeCap(style.lineCap);
   stroke.SetStrokeJoin(style.lineJoin);
-  if (!style.dashes.empty() && style.dashes.size() < 128) {
-    std::vector<float> dashes(style.dashes.begin(), style.dashes.end());
+  const std::vector<double> pattern = ShiftedDashes(style.dashes, style.dashOffset);
+  if (!pattern.empty() && pattern.size() < 128) {
+    std::vector<float> dashes(pattern.begin(), pattern.end());
     stroke.SetStrokeTypePattern(dashes.data(), static_cast<unsigned char>(dashes.size()));
   }
   const VYRSvgPaint& paint = style.stroke;

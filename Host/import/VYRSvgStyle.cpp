@@ -1,5 +1,7 @@
 #include "VYRSvgStyle.h"
 
+#include <cmath>
+
 #include "VYRXMLDOM.h"
 
 namespace {
@@ -8,7 +10,7 @@ namespace {
 const char* const kPropertyNames[] = {
     "color", "font-size", "font-family", "font-weight", "font-style", "text-anchor", "fill", "fill-opacity",
     "fill-rule", "stroke", "stroke-opacity", "stroke-width", "stroke-linecap", "stroke-linejoin",
-    "stroke-dasharray", "clip-rule", "visibility", "display", "opacity", "clip-path", "mask", "filter",
+    "stroke-dasharray", "stroke-dashoffset", "clip-rule", "visibility", "display", "opacity", "clip-path", "mask", "filter",
     "stop-color", "stop-opacity", "flood-color", "flood-opacity", "marker-start", "marker-mid", "marker-end",
     "marker"};
 
@@ -147,6 +149,10 @@ bool VYRSvgStyle::ApplyProperty(const std::string& i_name, const std::string& i_
     return true;
   }
   if (n == "stroke-dasharray") return ParseDashes(value, i_lengths, dashes);
+  if (n == "stroke-dashoffset") {
+    return VYRSvgValues::ParseLength(value, i_lengths, VYRSvgLengthAxis::eOther, dashOffset) &&
+           std::isfinite(dashOffset);
+  }
   if (n == "stroke-linecap") {
     if (value == "butt") lineCap = eLineCapButt;
     else if (value == "round") lineCap = eLineCapRound;

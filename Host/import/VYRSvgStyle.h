@@ -24,6 +24,7 @@ struct VYRSvgStyle {
   VYRPrintLineAttribute lineCap = eLineCapButt;
   VYRPrintLineAttribute lineJoin = eLineJoinMiter;
   std::vector<double> dashes;
+  double dashOffset = 0.0;
   VYRSvgColor color;
   VYRPrtFillRule clipRule = VYRPrtFillRuleNonZero;
   bool visible = true;
