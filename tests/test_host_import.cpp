@@ -394,6 +394,20 @@ TEST(HostImport, ResourcesTakeTheStyleOfTheirAncestors) {
   EXPECT_NEAR(pGradient->GetStop(0)->GetGreen(), 128 / 255.0, 1e-6);
   ASSERT_NE(pRect->GetClipPath(), nullptr);
   EXPECT_EQ(pRect->GetClipPath()->GetClipRule(), VYRPrtFillRuleEvenOdd);
+
+  // A stop's colour and opacity are not inherited, unless it asks for them.
+  Imported stops(Svg("<linearGradient id='g' stop-color='blue' stop-opacity='0.5'>"
+                     "<stop offset='0'/><stop offset='1' stop-color='inherit' stop-opacity='inherit'/></linearGradient>"
+                     "<rect width='10' height='10' fill='url(#g)'/>"));
+  auto* pStopped = stops.Child<VYRPrtRectangleElt>(1);
+  ASSERT_NE(pStopped, nullptr);
+  const VYRPrintGradient* pRecord = pStopped->GetFillAttributes().GetGradient();
+  ASSERT_NE(pRecord, nullptr);
+  ASSERT_EQ(pRecord->GetStopCount(), 2);
+  EXPECT_EQ(pRecord->GetStop(0)->GetBlue(), 0.0f);
+  EXPECT_EQ(pRecord->GetStop(0)->GetAlpha(), 1.0f);
+  EXPECT_EQ(pRecord->GetStop(1)->GetBlue(), 1.0f);
+  EXPECT_EQ(pRecord->GetStop(1)->GetAlpha(), 0.5f);
 }
 
 TEST(HostImport, GradientReferencesPreferHrefAndKeepCoordinatesToTheirKind) {

@@ -104,6 +104,8 @@ VYRSvgStyle VYRSvgStyle::Inherited() const {
   child.clipPathID.clear();
   child.maskID.clear();
   child.filterID.clear();
+  child.parentStopColor = stopColor;
+  child.parentStopOpacity = stopOpacity;
   child.stopColor = initial.stopColor;
   child.stopOpacity = initial.stopOpacity;
   child.floodColor = initial.floodColor;
@@ -114,11 +116,15 @@ VYRSvgStyle VYRSvgStyle::Inherited() const {
 bool VYRSvgStyle::ApplyProperty(const std::string& i_name, const std::string& i_value,
                                 const VYRSvgLengthContext& i_lengths) {
   const std::string value = VYRSvgValues::Trim(i_value);
-  // "inherit" keeps the inherited value, which the style already holds for
-  // inherited properties; the others take their parent's value, which this
-  // cascade does not keep, so they stay initial.
-  if (value == "inherit") return true;
   const std::string& n = i_name;
+  // "inherit" keeps the inherited value, which the style already holds for
+  // inherited properties; of the others, the stop's take their parent's
+  // value, and the rest, which this cascade does not keep, stay initial.
+  if (value == "inherit") {
+    if (n == "stop-color") stopColor = parentStopColor;
+    if (n == "stop-opacity") stopOpacity = parentStopOpacity;
+    return true;
+  }
   if (n == "color") return ParseColorProperty(value, color, color);
   if (n == "fill") return VYRSvgValues::ParsePaint(value, fill);
   if (n == "stroke") return VYRSvgValues::ParsePaint(value, stroke);

@@ -43,6 +43,10 @@ struct VYRSvgStyle {
   double stopOpacity = 1.0;
   VYRSvgColor floodColor;
   double floodOpacity = 1.0;
+  // The parent's stop colour and opacity, which "inherit" takes although
+  // they are not inherited otherwise.
+  VYRSvgColor parentStopColor;
+  double parentStopOpacity = 1.0;
 
   static VYRSvgPaint BlackPaint() {
     VYRSvgPaint paint;
