@@ -1,9 +1,13 @@
 // The bitmap shader's bilinear row path (scale-only matrices, whole rows mixed column by
-// column) against the pixel-by-pixel sampling it stands in for.
+// column) against the pixel-by-pixel sampling it stands in for, and its one-pass source-over
+// against shading a row and blending it.
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <random>
 #include <vector>
+
+#include "VYRRasterBlendMode.h"
 
 #include "VYRRasterBitmapShader.h"
 #include "VYRRasterMatrix.h"
@@ -63,4 +67,103 @@ TEST(RasterBitmapShader, BilinearRowsEqualPixelByPixelSampling) {
     }
     pShader->Release();
   }
+}
+
+namespace {
+
+// Coverage rows with runs of none and full and edges in between, as shapes and clips give.
+std::vector<uint8_t> VariedCoverage(int i_count, unsigned i_seed) {
+  std::mt19937 random(i_seed);
+  std::vector<uint8_t> coverage(static_cast<size_t>(i_count));
+  for (uint8_t& c : coverage) {
+    const unsigned kind = random() % 4;
+    c = kind == 0 ? 0 : kind == 1 ? static_cast<uint8_t>(random() % 256) : 255;
+  }
+  return coverage;
+}
+
+// A destination of translucent and opaque pixels.
+std::vector<uint32_t> VariedDestination(int i_count, unsigned i_seed) {
+  std::mt19937 random(i_seed);
+  std::vector<uint32_t> pixels(static_cast<size_t>(i_count));
+  for (uint32_t& p : pixels) {
+    const uint32_t a = random() % 3 == 0 ? 255 : random() % 256;
+    p = a << 24 | (random() % (a + 1)) << 16 | (random() % (a + 1)) << 8 | (random() % (a + 1));
+  }
+  return pixels;
+}
+
+struct ScaledCase {
+  float scaleX, scaleY, dx, dy;
+  uint8_t alpha;
+};
+
+}  // namespace
+
+// The one pass must write exactly what shading the row then blending it writes: odd widths,
+// sub-pixel offsets, reductions and enlargements, rows reaching beyond the bitmap on both sides
+// (clamped), a translucent paint, translucent bitmap pixels, any coverage or none.
+TEST(RasterBitmapShader, OnePassSourceOverEqualsShadingThenBlending) {
+  std::vector<uint32_t> pixels = VariedPixels();
+  VYRRasterBitmap bitmap;
+  bitmap.setConfig(kWidth, kHeight);
+  bitmap.setPixels(pixels.data());
+  const ScaledCase cases[] = {
+      {3.3f, 2.7f, 0.37f, -1.61f, 255}, {0.6f, 0.45f, 2.5f, 0.25f, 255}, {1.0f, 1.0f, 0.5f, 0.5f, 181},
+      {9.7f, 0.3f, -3.2f, 4.9f, 64},    {1.37f, 5.1f, 1.03f, 0.0f, 1},   {0.21f, 1.9f, -0.7f, 2.2f, 230},
+  };
+  const int counts[] = {1, 2, 3, 4, 7, 8, 9, 13, 29, 61};
+  unsigned seed = 1;
+  for (const ScaledCase& c : cases) {
+    SCOPED_TRACE(testing::Message() << "scale " << c.scaleX << " x " << c.scaleY << " alpha " << int(c.alpha));
+    VYRRasterBitmapShader* pShader = new VYRRasterBitmapShader(
+        bitmap, nullptr, VYRRasterShader::kClamp_TileMode, VYRRasterShader::kClamp_TileMode,
+        VYRRasterBitmapShader::kBilinear_Filter);
+    VYRRasterMatrix local = VYRRasterMatrix::MakeTranslate(c.dx, c.dy);
+    local.preScale(c.scaleX, c.scaleY);
+    pShader->setLocalMatrix(local);
+    ASSERT_TRUE(pShader->setContext(VYRRasterMatrix::MakeTranslate(0.25f, -0.75f), c.alpha));
+    for (int count : counts) {
+      for (int y = -4; y < 14; ++y, ++seed) {
+        const int x = -9 + static_cast<int>(seed % 5);
+        const std::vector<uint8_t> coverage = VariedCoverage(count, seed);
+        const uint8_t* pCoverage = seed % 3 == 0 ? nullptr : coverage.data();
+        std::vector<uint32_t> expected = VariedDestination(count, seed);
+        std::vector<uint32_t> actual = expected, shaded(static_cast<size_t>(count));
+        pShader->shadeRow(x, y, count, shaded.data());
+        VYRRasterBlender::BlendRow(kSrcOver_VYRBlendMode, expected.data(), shaded.data(), pCoverage, count);
+        ASSERT_TRUE(pShader->blendRowSrcOver(x, y, count, actual.data(), pCoverage));
+        ASSERT_EQ(expected, actual) << "row " << y << " from " << x << ", " << count << " pixels";
+      }
+    }
+    pShader->Release();
+  }
+}
+
+// Rotations, nearest sampling and repeated tiles keep to shading then blending.
+TEST(RasterBitmapShader, OnePassOnlyForClampedBilinearScaling) {
+  std::vector<uint32_t> pixels = VariedPixels();
+  VYRRasterBitmap bitmap;
+  bitmap.setConfig(kWidth, kHeight);
+  bitmap.setPixels(pixels.data());
+  std::vector<uint32_t> row(16, 0x80402010u);
+  const std::vector<uint32_t> untouched = row;
+  auto offered = [&](VYRRasterShader::TileMode i_tile, VYRRasterBitmapShader::Filter i_filter,
+                     const VYRRasterMatrix& i_matrix) {
+    VYRRasterBitmapShader* pShader = new VYRRasterBitmapShader(bitmap, nullptr, i_tile, i_tile, i_filter);
+    pShader->setContext(i_matrix, 255);
+    const bool done = pShader->blendRowSrcOver(0, 0, 16, row.data(), nullptr);
+    pShader->Release();
+    return done;
+  };
+  VYRRasterMatrix rotation;
+  rotation.setRotate(30);
+  EXPECT_FALSE(offered(VYRRasterShader::kClamp_TileMode, VYRRasterBitmapShader::kBilinear_Filter, rotation));
+  EXPECT_FALSE(offered(VYRRasterShader::kClamp_TileMode, VYRRasterBitmapShader::kNearest_Filter, VYRRasterMatrix()));
+  EXPECT_FALSE(offered(VYRRasterShader::kRepeat_TileMode, VYRRasterBitmapShader::kBilinear_Filter, VYRRasterMatrix()));
+  EXPECT_FALSE(offered(VYRRasterShader::kClamp_TileMode, VYRRasterBitmapShader::kBilinear_Filter,
+                       VYRRasterMatrix::MakeScale(0, 1)));
+  EXPECT_EQ(untouched, row);
+  EXPECT_TRUE(offered(VYRRasterShader::kClamp_TileMode, VYRRasterBitmapShader::kBilinear_Filter,
+                      VYRRasterMatrix::MakeScale(2, 3)));
 }

@@ -4,9 +4,7 @@
 #include <cmath>
 #include <cstring>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include "VYRRasterPixelLanes.h"
 
 VYR_IMPLEMENT_ABSTRACT_CLASS(VYRRasterBitmapShader, VYRRasterShader, "Engine")
 
@@ -212,6 +210,160 @@ void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisY y, int i_firstColumn, 
 #endif
 }
 
+#if defined(__SSE2__)
+// Bitmap rows i_upper and i_lower mixed by wy / 256 over the columns [i_first, i_last], each
+// column then stored next to its right neighbour (the last one next to itself) as the 16-bit
+// lanes (b, b', g, g', r, r', a, a'), which one multiply-add weighs horizontally. The mix is
+// ShadeBilinearAlongRows's, so both paths give the same pixels. io_mixed holds the mixed
+// pixels, 8-bit again, on the way.
+void MixColumnPairs(const uint32_t* i_upper, const uint32_t* i_lower, unsigned wy, int i_first, int i_last,
+                    uint32_t* io_mixed, uint16_t* o_pairs) {
+  const __m128i zero = _mm_setzero_si128();
+  const __m128i lower = _mm_set1_epi16(static_cast<short>(wy)), upper = _mm_sub_epi16(_mm_set1_epi16(256), lower);
+  auto mix = [&](__m128i a, __m128i b) {
+    return _mm_srli_epi16(_mm_add_epi16(_mm_mullo_epi16(a, upper), _mm_mullo_epi16(b, lower)), 8);
+  };
+  auto load = [](const uint32_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
+  int c = i_first;
+  for (; c + 4 <= i_last + 1; c += 4) {
+    const __m128i a = load(i_upper + c), b = load(i_lower + c);
+    const __m128i mixed = _mm_packus_epi16(mix(_mm_unpacklo_epi8(a, zero), _mm_unpacklo_epi8(b, zero)),
+                                           mix(_mm_unpackhi_epi8(a, zero), _mm_unpackhi_epi8(b, zero)));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(io_mixed + c), mixed);
+  }
+  for (; c <= i_last; ++c) {
+    const __m128i a = _mm_cvtsi32_si128(static_cast<int>(i_upper[c])), b = _mm_cvtsi32_si128(static_cast<int>(i_lower[c]));
+    io_mixed[c] = static_cast<uint32_t>(
+        _mm_cvtsi128_si32(_mm_packus_epi16(mix(_mm_unpacklo_epi8(a, zero), _mm_unpacklo_epi8(b, zero)), zero)));
+  }
+  io_mixed[i_last + 1] = io_mixed[i_last];
+  // Four columns and their neighbours: the bytes interleaved, then widened to lanes.
+  for (c = i_first; c <= i_last; c += 4) {
+    const __m128i columns = load(io_mixed + c), neighbours = load(io_mixed + c + 1);
+    const __m128i low = _mm_unpacklo_epi8(columns, neighbours), high = _mm_unpackhi_epi8(columns, neighbours);
+    __m128i* pairs = reinterpret_cast<__m128i*>(o_pairs + 8 * size_t(c));
+    _mm_storeu_si128(pairs, _mm_unpacklo_epi8(low, zero));
+    _mm_storeu_si128(pairs + 1, _mm_unpackhi_epi8(low, zero));
+    _mm_storeu_si128(pairs + 2, _mm_unpacklo_epi8(high, zero));
+    _mm_storeu_si128(pairs + 3, _mm_unpackhi_epi8(high, zero));
+  }
+}
+
+// Source-over straight into io_dst of the pixels sampled from column pairs: pixel i weighs
+// the pair of column i_columns[i] by the lanes at i_weights + 8 i, then takes the paint alpha
+// (i_alpha / 256) and its coverage, with the arithmetic of ScaleByAlpha and the blender.
+// Columns and weights go three entries beyond i_count (the last group of four reads them).
+void BlendColumnPairs(const uint16_t* i_pairs, const int* i_columns, const uint16_t* i_weights, int i_count,
+                      unsigned i_alpha, const uint8_t* i_coverage, uint32_t* io_dst) {
+  const __m128i zero = _mm_setzero_si128();
+  const __m128i alpha = _mm_set1_epi16(static_cast<short>(i_alpha));
+  auto sample = [&](int i) {
+    const __m128i pair = _mm_loadu_si128(reinterpret_cast<const __m128i*>(i_pairs + 8 * size_t(i_columns[i])));
+    const __m128i weights = _mm_loadu_si128(reinterpret_cast<const __m128i*>(i_weights + 8 * size_t(i)));
+    return _mm_srli_epi32(_mm_madd_epi16(pair, weights), 8);
+  };
+  auto blendFour = [&](int i, uint32_t i_four, uint32_t* io_four) {
+    __m128i lo = _mm_packs_epi32(sample(i), sample(i + 1));
+    __m128i hi = _mm_packs_epi32(sample(i + 2), sample(i + 3));
+    if (i_alpha != 256) {
+      lo = _mm_srli_epi16(_mm_mullo_epi16(lo, alpha), 8);
+      hi = _mm_srli_epi16(_mm_mullo_epi16(hi, alpha), 8);
+    }
+    if (i_four != 0xFFFFFFFFu) {
+      __m128i coverageLo, coverageHi;
+      CoverageLanes(i_four, &coverageLo, &coverageHi);
+      lo = Div255Lanes(_mm_mullo_epi16(lo, coverageLo));
+      hi = Div255Lanes(_mm_mullo_epi16(hi, coverageHi));
+    }
+    const __m128i d = _mm_loadu_si128(reinterpret_cast<const __m128i*>(io_four));
+    lo = SrcOverLanes(lo, _mm_unpacklo_epi8(d, zero));
+    hi = SrcOverLanes(hi, _mm_unpackhi_epi8(d, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(io_four), _mm_packus_epi16(lo, hi));
+  };
+  int i = 0;
+  for (; i + 4 <= i_count; i += 4) {
+    uint32_t four = 0xFFFFFFFFu;
+    if (i_coverage) std::memcpy(&four, i_coverage + i, 4);
+    if (four != 0) blendFour(i, four, io_dst + i);
+  }
+  if (i < i_count) {
+    // The last pixels go through a group of four padded with no coverage.
+    const int rest = i_count - i;
+    uint8_t coverage[4] = {0, 0, 0, 0};
+    uint32_t pixels[4] = {0, 0, 0, 0};
+    for (int j = 0; j < rest; ++j) coverage[j] = i_coverage ? i_coverage[i + j] : 255;
+    std::memcpy(pixels, io_dst + i, sizeof(uint32_t) * size_t(rest));
+    uint32_t four;
+    std::memcpy(&four, coverage, 4);
+    blendFour(i, four, pixels);
+    std::memcpy(io_dst + i, pixels, sizeof(uint32_t) * size_t(rest));
+  }
+}
+#endif
+
+#if defined(VYR_RASTER_AVX2)
+// The same arithmetic as the SSE2 lane helpers, on eight pixels at once.
+VYR_RASTER_AVX2 inline __m256i Div255Lanes8(__m256i x) {
+  x = _mm256_add_epi16(x, _mm256_set1_epi16(128));
+  return _mm256_srli_epi16(_mm256_add_epi16(x, _mm256_srli_epi16(x, 8)), 8);
+}
+
+VYR_RASTER_AVX2 inline __m256i SrcOverLanes8(__m256i s, __m256i d) {
+  const __m256i alpha =
+      _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(s, _MM_SHUFFLE(3, 3, 3, 3)), _MM_SHUFFLE(3, 3, 3, 3));
+  return _mm256_add_epi16(s, Div255Lanes8(_mm256_mullo_epi16(d, _mm256_sub_epi16(_mm256_set1_epi16(255), alpha))));
+}
+
+// BlendColumnPairs eight pixels at a time. The 256-bit instructions work within 128-bit
+// halves, so pixels j and j + 4 share a register: after the packs the halves hold pixels
+// 0, 1, 2, 3 and 4, 5, 6, 7, the order in which they are stored.
+VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_columns, const uint16_t* i_weights,
+                                          int i_count, unsigned i_alpha, const uint8_t* i_coverage,
+                                          uint32_t* io_dst) {
+  const __m256i zero = _mm256_setzero_si256();
+  const __m256i alpha = _mm256_set1_epi16(static_cast<short>(i_alpha));
+  auto load = [](const uint16_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
+  int i = 0;
+  for (; i + 8 <= i_count; i += 8) {
+    uint64_t eight = ~uint64_t(0);
+    if (i_coverage) std::memcpy(&eight, i_coverage + i, 8);
+    if (eight == 0) continue;
+    __m256i samples[4];
+    for (int j = 0; j < 4; ++j) {
+      const int first = i + j, second = i + j + 4;
+      const __m256i pairs = _mm256_inserti128_si256(
+          _mm256_castsi128_si256(load(i_pairs + 8 * size_t(i_columns[first]))),
+          load(i_pairs + 8 * size_t(i_columns[second])), 1);
+      const __m256i weights = _mm256_inserti128_si256(
+          _mm256_castsi128_si256(load(i_weights + 8 * size_t(first))), load(i_weights + 8 * size_t(second)), 1);
+      samples[j] = _mm256_srli_epi32(_mm256_madd_epi16(pairs, weights), 8);
+    }
+    __m256i x = _mm256_packs_epi32(samples[0], samples[1]);  // pixels 0, 1 | 4, 5
+    __m256i y = _mm256_packs_epi32(samples[2], samples[3]);  // pixels 2, 3 | 6, 7
+    if (i_alpha != 256) {
+      x = _mm256_srli_epi16(_mm256_mullo_epi16(x, alpha), 8);
+      y = _mm256_srli_epi16(_mm256_mullo_epi16(y, alpha), 8);
+    }
+    if (eight != ~uint64_t(0)) {
+      __m128i c = _mm_cvtsi64_si128(static_cast<long long>(eight));
+      c = _mm_unpacklo_epi8(c, c);
+      const __m128i first4 = _mm_unpacklo_epi16(c, c), second4 = _mm_unpackhi_epi16(c, c);
+      x = Div255Lanes8(_mm256_mullo_epi16(x, _mm256_cvtepu8_epi16(_mm_unpacklo_epi64(first4, second4))));
+      y = Div255Lanes8(_mm256_mullo_epi16(y, _mm256_cvtepu8_epi16(_mm_unpackhi_epi64(first4, second4))));
+    }
+    __m256i* dst = reinterpret_cast<__m256i*>(io_dst + i);
+    const __m256i d = _mm256_loadu_si256(dst);
+    x = SrcOverLanes8(x, _mm256_unpacklo_epi8(d, zero));
+    y = SrcOverLanes8(y, _mm256_unpackhi_epi8(d, zero));
+    _mm256_storeu_si256(dst, _mm256_packus_epi16(x, y));
+  }
+  if (i < i_count) {
+    BlendColumnPairs(i_pairs, i_columns + i, i_weights + 8 * size_t(i), i_count - i, i_alpha,
+                     i_coverage ? i_coverage + i : nullptr, io_dst + i);
+  }
+}
+#endif
+
 void ScaleByAlpha(uint32_t* io_pixels, int i_count, unsigned i_alpha) {
   const unsigned k = i_alpha + (i_alpha >> 7);  // 0..256, 255 -> 256 keeps opaque exact
   for (int i = 0; i < i_count; ++i) io_pixels[i] = Pack((Expand(io_pixels[i]) * k) >> 8);
@@ -232,6 +384,7 @@ VYRRasterBitmapShader::~VYRRasterBitmapShader() {
 bool VYRRasterBitmapShader::setContext(const VYRRasterMatrix& i_totalMatrix, uint8_t i_paintAlpha) {
   const bool invertible = VYRRasterShader::setContext(i_totalMatrix, i_paintAlpha);
   _stepsCount = -1;
+  _pairsCount = -1;
   _drawsNothing = !invertible || _bitmap.drawsNothing() || _bitmap.config() != VYRRasterBitmap::kARGB_8888_Config;
   return invertible;
 }
@@ -299,4 +452,69 @@ void VYRRasterBitmapShader::shadeRow(int x, int y, int count, uint32_t* o_premul
     });
   });
   if (_paintAlpha != 255) ScaleByAlpha(o_premultiplied, count, _paintAlpha);
+}
+
+bool VYRRasterBitmapShader::preparePairSteps(int x, int y, int count) {
+  const VYRRasterMatrix& m = _deviceToShader;
+  // The same start as shadeRow's, so that both paths sample the same points.
+  const double u = m.getScaleX() * (x + 0.5) + m.getSkewX() * (y + 0.5) + m.getTranslateX() - 0.5;
+  const double du = m.getScaleX();
+  if (!std::isfinite(u) || !std::isfinite(du) || count <= 0) return false;
+  _pairColumns.assign(size_t(count) + 3, 0);
+  _pairWeights.assign(8 * (size_t(count) + 3), 0);
+  ClampAxis axis(u, du, _bitmap.width());
+  int first = _bitmap.width(), last = 0;
+  for (int i = 0; i < count; ++i, axis.Advance()) {
+    int left, right;
+    axis.Pair(left, right);
+    // A pixel clamped to one column takes it whole, whatever the pair next to it holds.
+    const uint16_t weight = left == right ? 0 : static_cast<uint16_t>(axis.Weight());
+    _pairColumns[size_t(i)] = left;
+    for (int lane = 0; lane < 8; lane += 2) {
+      _pairWeights[8 * size_t(i) + size_t(lane)] = static_cast<uint16_t>(256 - weight);
+      _pairWeights[8 * size_t(i) + size_t(lane) + 1] = weight;
+    }
+    first = std::min(first, left);
+    last = std::max(last, right);
+  }
+  // A strong reduction would mix far more columns per row than it draws pixels.
+  if (last - first > 4 * count) return false;
+  // Pairs are made four columns at a time, from the mixed pixels and their neighbours.
+  _pairMixed.resize(size_t(last) + 5);
+  _pairRow.resize(8 * (size_t(last) + 4));
+  _pairsX = x;
+  _pairsCount = count;
+  _pairsFirstColumn = first;
+  _pairsLastColumn = last;
+  return true;
+}
+
+bool VYRRasterBitmapShader::blendRowSrcOver(int x, int y, int count, uint32_t* io_dst, const uint8_t* i_coverage) {
+#if defined(__SSE2__)
+  const VYRRasterMatrix& m = _deviceToShader;
+  if (_drawsNothing || _filter != kBilinear_Filter || _tileX != kClamp_TileMode || _tileY != kClamp_TileMode ||
+      m.getSkewX() != 0 || m.getSkewY() != 0)
+    return false;
+  if ((x != _pairsX || count != _pairsCount) && !preparePairSteps(x, y, count)) return false;
+  const double v = m.getSkewY() * (x + 0.5) + m.getScaleY() * (y + 0.5) + m.getTranslateY() - 0.5;
+  const ClampAxis axisY(v, 0, _bitmap.height());
+  int top, bottom;
+  axisY.Pair(top, bottom);
+  const Pixels pixels{static_cast<const uint8_t*>(_bitmap.getPixels()), size_t(_bitmap.rowBytes())};
+  MixColumnPairs(pixels.Row(top), pixels.Row(bottom), axisY.Weight(), _pairsFirstColumn, _pairsLastColumn,
+                 _pairMixed.data(), _pairRow.data());
+  const unsigned alpha = _paintAlpha + (_paintAlpha >> 7);
+#if defined(VYR_RASTER_AVX2)
+  static const bool hasAvx2 = __builtin_cpu_supports("avx2");
+  if (hasAvx2) {
+    BlendColumnPairsAvx2(_pairRow.data(), _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
+    return true;
+  }
+#endif
+  BlendColumnPairs(_pairRow.data(), _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
+  return true;
+#else
+  (void)x, (void)y, (void)count, (void)io_dst, (void)i_coverage;
+  return false;
+#endif
 }

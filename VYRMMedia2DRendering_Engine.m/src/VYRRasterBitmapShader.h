@@ -24,6 +24,9 @@ class VYR_EXPORT VYRRasterBitmapShader : public VYRRasterShader {
 
   bool setContext(const VYRRasterMatrix& i_totalMatrix, uint8_t i_paintAlpha) override;
   void shadeRow(int x, int y, int count, uint32_t* o_premultiplied) override;
+  // Bilinear and clamped under a matrix that only scales and translates: samples and
+  // composites in one pass, without the row of colours in between.
+  bool blendRowSrcOver(int x, int y, int count, uint32_t* io_dst, const uint8_t* i_coverage) override;
 
   const VYRRasterBitmap& getBitmap() const { return _bitmap; }
   Filter getFilter() const { return _filter; }
@@ -47,4 +50,13 @@ class VYR_EXPORT VYRRasterBitmapShader : public VYRRasterShader {
   // The row the steps were made for (-1: none this draw) and the bitmap columns it mixes.
   int _stepsX = 0, _stepsCount = -1, _stepsFirstColumn = 0, _stepsLastColumn = 0;
   std::vector<uint64_t> _mixedRow;
+  // The one-pass path: for each pixel of the row the bitmap column of its left sample and the
+  // lane weights (256 - w, w) x 4, the same for every row of a draw; for each row the two
+  // bitmap rows mixed per column, each column next to its right neighbour (see MixColumnPairs).
+  bool preparePairSteps(int x, int y, int count);
+  std::vector<int> _pairColumns;
+  std::vector<uint16_t> _pairWeights;
+  std::vector<uint16_t> _pairRow;
+  std::vector<uint32_t> _pairMixed;
+  int _pairsX = 0, _pairsCount = -1, _pairsFirstColumn = 0, _pairsLastColumn = 0;
 };

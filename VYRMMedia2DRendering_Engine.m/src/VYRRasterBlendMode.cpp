@@ -6,9 +6,7 @@
 #include <cmath>
 #include <cstring>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include "VYRRasterPixelLanes.h"
 
 // Pixels are premultiplied 0xAARRGGBB. Channel helpers work on ints 0..255; the
 // Porter-Duff and simple separable modes stay in integers, the modes defined on
@@ -254,24 +252,6 @@ void BlendRowT(uint32_t* io_dst, const uint32_t* i_src, const uint8_t* i_coverag
   }
 }
 
-#if defined(__SSE2__)
-// x / 255 rounded in every 16-bit lane, the same rounding as Div255.
-inline __m128i Div255Lanes(__m128i x) {
-  x = _mm_add_epi16(x, _mm_set1_epi16(128));
-  return _mm_srli_epi16(_mm_add_epi16(x, _mm_srli_epi16(x, 8)), 8);
-}
-
-// Each pixel's alpha copied into its four 16-bit lanes (pixels are B, G, R, A in memory).
-inline __m128i AlphaLanes(__m128i pixels16) {
-  return _mm_shufflehi_epi16(_mm_shufflelo_epi16(pixels16, _MM_SHUFFLE(3, 3, 3, 3)), _MM_SHUFFLE(3, 3, 3, 3));
-}
-
-// Source-over of two pixels held in 16-bit lanes.
-inline __m128i SrcOverLanes(__m128i s, __m128i d) {
-  const __m128i k = _mm_sub_epi16(_mm_set1_epi16(255), AlphaLanes(s));
-  return _mm_add_epi16(s, Div255Lanes(_mm_mullo_epi16(d, k)));
-}
-#endif
 
 // Source-over folds coverage into the source: Scale(s, cov) then source-over, four
 // pixels at a time with SSE2; the results equal the scalar form bit for bit.
@@ -302,10 +282,10 @@ void BlendRowT<kSrcOver_VYRBlendMode>(uint32_t* io_dst, const uint32_t* i_src, c
     const __m128i d = _mm_loadu_si128(reinterpret_cast<const __m128i*>(io_dst + i));
     __m128i sLo = _mm_unpacklo_epi8(s, zero), sHi = _mm_unpackhi_epi8(s, zero);
     if (four != 0xFFFFFFFFu) {
-      __m128i c = _mm_cvtsi32_si128(static_cast<int>(four));
-      c = _mm_unpacklo_epi16(_mm_unpacklo_epi8(c, c), _mm_unpacklo_epi8(c, c));
-      sLo = Div255Lanes(_mm_mullo_epi16(sLo, _mm_unpacklo_epi8(c, zero)));
-      sHi = Div255Lanes(_mm_mullo_epi16(sHi, _mm_unpackhi_epi8(c, zero)));
+      __m128i cLo, cHi;
+      CoverageLanes(four, &cLo, &cHi);
+      sLo = Div255Lanes(_mm_mullo_epi16(sLo, cLo));
+      sHi = Div255Lanes(_mm_mullo_epi16(sHi, cHi));
     }
     const __m128i lo = SrcOverLanes(sLo, _mm_unpacklo_epi8(d, zero));
     const __m128i hi = SrcOverLanes(sHi, _mm_unpackhi_epi8(d, zero));

@@ -291,8 +291,11 @@ void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRaste
         for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], scale);
       rowCoverage = coverage.data();
     }
+    uint32_t* dstRow = dst.addr(area.left, y);
+    if (shader && mode == kSrcOver_VYRBlendMode && shader->blendRowSrcOver(area.left, y, width, dstRow, rowCoverage))
+      continue;
     if (shader) shader->shadeRow(area.left, y, width, src.data());
-    VYRRasterBlender::BlendRow(mode, dst.addr(area.left, y), src.data(), rowCoverage, width);
+    VYRRasterBlender::BlendRow(mode, dstRow, src.data(), rowCoverage, width);
   }
 }
 

@@ -24,6 +24,13 @@ class VYR_EXPORT VYRRasterShader : public VYRBaseUnknown {
   virtual bool setContext(const VYRRasterMatrix& i_totalMatrix, uint8_t i_paintAlpha);
   // Colours of the pixels (x .. x + count - 1, y), sampled at pixel centres.
   virtual void shadeRow(int x, int y, int count, uint32_t* o_premultiplied) = 0;
+  // Composites the colours of the row straight into io_dst in source-over, each pixel first
+  // scaled by its coverage (null: full), exactly as shadeRow and a source-over blend would.
+  // False when the shader has no such path for this draw: nothing is then written.
+  virtual bool blendRowSrcOver(int x, int y, int count, uint32_t* io_dst, const uint8_t* i_coverage) {
+    (void)x, (void)y, (void)count, (void)io_dst, (void)i_coverage;
+    return false;
+  }
   // True when every colour is opaque once the context is set (lets blending take shortcuts).
   virtual bool isOpaque() const { return false; }
 
