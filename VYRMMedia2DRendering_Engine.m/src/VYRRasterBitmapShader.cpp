@@ -211,35 +211,41 @@ void ShadeBilinearAlongRows(const Pixels& i_pixels, AxisY y, int i_firstColumn, 
 }
 
 #if defined(__SSE2__)
-// Bitmap rows i_upper and i_lower mixed by wy / 256 over the columns [i_first, i_last], each
-// column then stored next to its right neighbour (the last one next to itself) as the 16-bit
-// lanes (b, b', g, g', r, r', a, a'), which one multiply-add weighs horizontally. The mix is
-// ShadeBilinearAlongRows's, so both paths give the same pixels. io_mixed holds the mixed
-// pixels, 8-bit again, on the way.
-void MixColumnPairs(const uint32_t* i_upper, const uint32_t* i_lower, unsigned wy, int i_first, int i_last,
-                    uint32_t* io_mixed, uint16_t* o_pairs) {
+// Bitmap rows i_upper and i_lower mixed by wy / 256 over the columns [i_first, i_last] into
+// o_mixed, with ShadeBilinearAlongRows's arithmetic so that both paths give the same pixels;
+// the last column is repeated once beyond, as its own right neighbour.
+void MixRows(const uint32_t* i_upper, const uint32_t* i_lower, unsigned wy, int i_first, int i_last,
+             uint32_t* o_mixed) {
   const __m128i zero = _mm_setzero_si128();
   const __m128i lower = _mm_set1_epi16(static_cast<short>(wy)), upper = _mm_sub_epi16(_mm_set1_epi16(256), lower);
   auto mix = [&](__m128i a, __m128i b) {
     return _mm_srli_epi16(_mm_add_epi16(_mm_mullo_epi16(a, upper), _mm_mullo_epi16(b, lower)), 8);
   };
-  auto load = [](const uint32_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
   int c = i_first;
   for (; c + 4 <= i_last + 1; c += 4) {
-    const __m128i a = load(i_upper + c), b = load(i_lower + c);
+    const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(i_upper + c));
+    const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(i_lower + c));
     const __m128i mixed = _mm_packus_epi16(mix(_mm_unpacklo_epi8(a, zero), _mm_unpacklo_epi8(b, zero)),
                                            mix(_mm_unpackhi_epi8(a, zero), _mm_unpackhi_epi8(b, zero)));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(io_mixed + c), mixed);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(o_mixed + c), mixed);
   }
   for (; c <= i_last; ++c) {
-    const __m128i a = _mm_cvtsi32_si128(static_cast<int>(i_upper[c])), b = _mm_cvtsi32_si128(static_cast<int>(i_lower[c]));
-    io_mixed[c] = static_cast<uint32_t>(
+    const __m128i a = _mm_cvtsi32_si128(static_cast<int>(i_upper[c]));
+    const __m128i b = _mm_cvtsi32_si128(static_cast<int>(i_lower[c]));
+    o_mixed[c] = static_cast<uint32_t>(
         _mm_cvtsi128_si32(_mm_packus_epi16(mix(_mm_unpacklo_epi8(a, zero), _mm_unpacklo_epi8(b, zero)), zero)));
   }
-  io_mixed[i_last + 1] = io_mixed[i_last];
-  // Four columns and their neighbours: the bytes interleaved, then widened to lanes.
-  for (c = i_first; c <= i_last; c += 4) {
-    const __m128i columns = load(io_mixed + c), neighbours = load(io_mixed + c + 1);
+  o_mixed[i_last + 1] = o_mixed[i_last];
+}
+
+// Each mixed column from i_first to i_last (and up to three beyond: i_mixed holds four more)
+// next to its right neighbour as the 16-bit lanes (b, b', g, g', r, r', a, a'), which one
+// multiply-add weighs horizontally.
+void PairColumns(const uint32_t* i_mixed, int i_first, int i_last, uint16_t* o_pairs) {
+  const __m128i zero = _mm_setzero_si128();
+  for (int c = i_first; c <= i_last; c += 4) {
+    const __m128i columns = _mm_loadu_si128(reinterpret_cast<const __m128i*>(i_mixed + c));
+    const __m128i neighbours = _mm_loadu_si128(reinterpret_cast<const __m128i*>(i_mixed + c + 1));
     const __m128i low = _mm_unpacklo_epi8(columns, neighbours), high = _mm_unpackhi_epi8(columns, neighbours);
     __m128i* pairs = reinterpret_cast<__m128i*>(o_pairs + 8 * size_t(c));
     _mm_storeu_si128(pairs, _mm_unpacklo_epi8(low, zero));
@@ -252,7 +258,7 @@ void MixColumnPairs(const uint32_t* i_upper, const uint32_t* i_lower, unsigned w
 // Source-over straight into io_dst of the pixels sampled from column pairs: pixel i weighs
 // the pair of column i_columns[i] by the lanes at i_weights + 8 i, then takes the paint alpha
 // (i_alpha / 256) and its coverage, with the arithmetic of ScaleByAlpha and the blender.
-// Columns and weights go three entries beyond i_count (the last group of four reads them).
+// Columns and weights go seven entries beyond i_count (the last group of pixels reads them).
 void BlendColumnPairs(const uint16_t* i_pairs, const int* i_columns, const uint16_t* i_weights, int i_count,
                       unsigned i_alpha, const uint8_t* i_coverage, uint32_t* io_dst) {
   const __m128i zero = _mm_setzero_si128();
@@ -314,6 +320,42 @@ VYR_RASTER_AVX2 inline __m256i SrcOverLanes8(__m256i s, __m256i d) {
   return _mm256_add_epi16(s, Div255Lanes8(_mm256_mullo_epi16(d, _mm256_sub_epi16(_mm256_set1_epi16(255), alpha))));
 }
 
+// MixRows eight columns at a time (unpacking and packing stay within 128-bit halves, so
+// the columns keep their order).
+VYR_RASTER_AVX2 void MixRowsAvx2(const uint32_t* i_upper, const uint32_t* i_lower, unsigned wy, int i_first,
+                                 int i_last, uint32_t* o_mixed) {
+  const __m256i zero = _mm256_setzero_si256();
+  const __m256i lower = _mm256_set1_epi16(static_cast<short>(wy));
+  const __m256i upper = _mm256_sub_epi16(_mm256_set1_epi16(256), lower);
+  int c = i_first;
+  for (; c + 8 <= i_last + 1; c += 8) {
+    const __m256i a = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_upper + c));
+    const __m256i b = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_lower + c));
+    const __m256i low = _mm256_add_epi16(_mm256_mullo_epi16(_mm256_unpacklo_epi8(a, zero), upper),
+                                         _mm256_mullo_epi16(_mm256_unpacklo_epi8(b, zero), lower));
+    const __m256i high = _mm256_add_epi16(_mm256_mullo_epi16(_mm256_unpackhi_epi8(a, zero), upper),
+                                          _mm256_mullo_epi16(_mm256_unpackhi_epi8(b, zero), lower));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(o_mixed + c),
+                        _mm256_packus_epi16(_mm256_srli_epi16(low, 8), _mm256_srli_epi16(high, 8)));
+  }
+  MixRows(i_upper, i_lower, wy, c, i_last, o_mixed);
+}
+
+// PairColumns eight columns at a time; i_mixed holds eight columns beyond i_last.
+VYR_RASTER_AVX2 void PairColumnsAvx2(const uint32_t* i_mixed, int i_first, int i_last, uint16_t* o_pairs) {
+  for (int c = i_first; c <= i_last; c += 8) {
+    const __m256i columns = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_mixed + c));
+    const __m256i neighbours = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_mixed + c + 1));
+    // Columns 0, 1 | 4, 5 and 2, 3 | 6, 7 with their neighbours' bytes interleaved.
+    const __m256i low = _mm256_unpacklo_epi8(columns, neighbours), high = _mm256_unpackhi_epi8(columns, neighbours);
+    __m256i* pairs = reinterpret_cast<__m256i*>(o_pairs + 8 * size_t(c));
+    _mm256_storeu_si256(pairs, _mm256_cvtepu8_epi16(_mm256_castsi256_si128(low)));
+    _mm256_storeu_si256(pairs + 1, _mm256_cvtepu8_epi16(_mm256_castsi256_si128(high)));
+    _mm256_storeu_si256(pairs + 2, _mm256_cvtepu8_epi16(_mm256_extracti128_si256(low, 1)));
+    _mm256_storeu_si256(pairs + 3, _mm256_cvtepu8_epi16(_mm256_extracti128_si256(high, 1)));
+  }
+}
+
 // BlendColumnPairs eight pixels at a time. The 256-bit instructions work within 128-bit
 // halves, so pixels j and j + 4 share a register: after the packs the halves hold pixels
 // 0, 1, 2, 3 and 4, 5, 6, 7, the order in which they are stored.
@@ -323,11 +365,7 @@ VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_
   const __m256i zero = _mm256_setzero_si256();
   const __m256i alpha = _mm256_set1_epi16(static_cast<short>(i_alpha));
   auto load = [](const uint16_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
-  int i = 0;
-  for (; i + 8 <= i_count; i += 8) {
-    uint64_t eight = ~uint64_t(0);
-    if (i_coverage) std::memcpy(&eight, i_coverage + i, 8);
-    if (eight == 0) continue;
+  auto blendEight = [&](int i, uint64_t eight, uint32_t* io_eight) VYR_RASTER_AVX2 {
     __m256i samples[4];
     for (int j = 0; j < 4; ++j) {
       const int first = i + j, second = i + j + 4;
@@ -351,15 +389,29 @@ VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_
       x = Div255Lanes8(_mm256_mullo_epi16(x, _mm256_cvtepu8_epi16(_mm_unpacklo_epi64(first4, second4))));
       y = Div255Lanes8(_mm256_mullo_epi16(y, _mm256_cvtepu8_epi16(_mm_unpackhi_epi64(first4, second4))));
     }
-    __m256i* dst = reinterpret_cast<__m256i*>(io_dst + i);
+    __m256i* dst = reinterpret_cast<__m256i*>(io_eight);
     const __m256i d = _mm256_loadu_si256(dst);
     x = SrcOverLanes8(x, _mm256_unpacklo_epi8(d, zero));
     y = SrcOverLanes8(y, _mm256_unpackhi_epi8(d, zero));
     _mm256_storeu_si256(dst, _mm256_packus_epi16(x, y));
+  };
+  int i = 0;
+  for (; i + 8 <= i_count; i += 8) {
+    uint64_t eight = ~uint64_t(0);
+    if (i_coverage) std::memcpy(&eight, i_coverage + i, 8);
+    if (eight != 0) blendEight(i, eight, io_dst + i);
   }
   if (i < i_count) {
-    BlendColumnPairs(i_pairs, i_columns + i, i_weights + 8 * size_t(i), i_count - i, i_alpha,
-                     i_coverage ? i_coverage + i : nullptr, io_dst + i);
+    // The last pixels go through a group of eight padded with no coverage.
+    const int rest = i_count - i;
+    uint8_t coverage[8] = {};
+    uint32_t pixels[8] = {};
+    for (int j = 0; j < rest; ++j) coverage[j] = i_coverage ? i_coverage[i + j] : 255;
+    std::memcpy(pixels, io_dst + i, sizeof(uint32_t) * size_t(rest));
+    uint64_t eight;
+    std::memcpy(&eight, coverage, 8);
+    blendEight(i, eight, pixels);
+    std::memcpy(io_dst + i, pixels, sizeof(uint32_t) * size_t(rest));
   }
 }
 #endif
@@ -460,8 +512,8 @@ bool VYRRasterBitmapShader::preparePairSteps(int x, int y, int count) {
   const double u = m.getScaleX() * (x + 0.5) + m.getSkewX() * (y + 0.5) + m.getTranslateX() - 0.5;
   const double du = m.getScaleX();
   if (!std::isfinite(u) || !std::isfinite(du) || count <= 0) return false;
-  _pairColumns.assign(size_t(count) + 3, 0);
-  _pairWeights.assign(8 * (size_t(count) + 3), 0);
+  _pairColumns.assign(size_t(count) + 7, 0);
+  _pairWeights.assign(8 * (size_t(count) + 7), 0);
   ClampAxis axis(u, du, _bitmap.width());
   int first = _bitmap.width(), last = 0;
   for (int i = 0; i < count; ++i, axis.Advance()) {
@@ -479,9 +531,9 @@ bool VYRRasterBitmapShader::preparePairSteps(int x, int y, int count) {
   }
   // A strong reduction would mix far more columns per row than it draws pixels.
   if (last - first > 4 * count) return false;
-  // Pairs are made four columns at a time, from the mixed pixels and their neighbours.
-  _pairMixed.resize(size_t(last) + 5);
-  _pairRow.resize(8 * (size_t(last) + 4));
+  // Pairs are made up to eight columns at a time, from the mixed pixels and their neighbours.
+  _pairMixed.resize(size_t(last) + 9);
+  _pairRow.resize(8 * (size_t(last) + 8));
   _pairsX = x;
   _pairsCount = count;
   _pairsFirstColumn = first;
@@ -501,16 +553,19 @@ bool VYRRasterBitmapShader::blendRowSrcOver(int x, int y, int count, uint32_t* i
   int top, bottom;
   axisY.Pair(top, bottom);
   const Pixels pixels{static_cast<const uint8_t*>(_bitmap.getPixels()), size_t(_bitmap.rowBytes())};
-  MixColumnPairs(pixels.Row(top), pixels.Row(bottom), axisY.Weight(), _pairsFirstColumn, _pairsLastColumn,
-                 _pairMixed.data(), _pairRow.data());
-  const unsigned alpha = _paintAlpha + (_paintAlpha >> 7);
+  const unsigned wy = axisY.Weight(), alpha = _paintAlpha + (_paintAlpha >> 7);
+  const int first = _pairsFirstColumn, last = _pairsLastColumn;
 #if defined(VYR_RASTER_AVX2)
   static const bool hasAvx2 = __builtin_cpu_supports("avx2");
   if (hasAvx2) {
+    MixRowsAvx2(pixels.Row(top), pixels.Row(bottom), wy, first, last, _pairMixed.data());
+    PairColumnsAvx2(_pairMixed.data(), first, last, _pairRow.data());
     BlendColumnPairsAvx2(_pairRow.data(), _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
     return true;
   }
 #endif
+  MixRows(pixels.Row(top), pixels.Row(bottom), wy, first, last, _pairMixed.data());
+  PairColumns(_pairMixed.data(), first, last, _pairRow.data());
   BlendColumnPairs(_pairRow.data(), _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
   return true;
 #else

@@ -52,7 +52,7 @@ class VYR_EXPORT VYRRasterBitmapShader : public VYRRasterShader {
   std::vector<uint64_t> _mixedRow;
   // The one-pass path: for each pixel of the row the bitmap column of its left sample and the
   // lane weights (256 - w, w) x 4, the same for every row of a draw; for each row the two
-  // bitmap rows mixed per column, each column next to its right neighbour (see MixColumnPairs).
+  // bitmap rows mixed per column, each column next to its right neighbour (see PairColumns).
   bool preparePairSteps(int x, int y, int count);
   std::vector<int> _pairColumns;
   std::vector<uint16_t> _pairWeights;
