@@ -69,6 +69,40 @@ TEST(RasterBitmapShader, BilinearRowsEqualPixelByPixelSampling) {
   }
 }
 
+// Repeated tiles sampled at the nearest pixel walk several pixels at a time: under skews and
+// quarter turns whose inverses step exactly in binary, a row and each pixel placed on its own
+// must give the same bytes, across many wraps both ways.
+TEST(RasterBitmapShader, NearestRepeatedRowsEqualPixelByPixelSampling) {
+  std::vector<uint32_t> pixels = VariedPixels();
+  VYRRasterBitmap bitmap;
+  bitmap.setConfig(kWidth, kHeight);
+  bitmap.setPixels(pixels.data());
+  const VYRRasterMatrix locals[] = {
+      VYRRasterMatrix::MakeAll(2, 0, 0.75f, 1, 2, -3.5f),       // rows go up the bitmap
+      VYRRasterMatrix::MakeAll(0, -2, 5.25f, 4, 0, 1.5f),       // a quarter turn
+      VYRRasterMatrix::MakeAll(0.25f, 0, -1, 0, 0.5f, 0.125f),  // reduced: many wraps a row
+  };
+  const int counts[] = {1, 3, 4, 5, 37};
+  for (const VYRRasterMatrix& local : locals) {
+    VYRRasterBitmapShader* pShader = new VYRRasterBitmapShader(bitmap, nullptr, VYRRasterShader::kRepeat_TileMode,
+                                                               VYRRasterShader::kRepeat_TileMode);
+    pShader->setLocalMatrix(local);
+    ASSERT_TRUE(pShader->setContext(VYRRasterMatrix(), 255));
+    for (int count : counts) {
+      for (int y = -6; y < 9; ++y) {
+        std::vector<uint32_t> row(static_cast<size_t>(count));
+        pShader->shadeRow(-11, y, count, row.data());
+        for (int i = 0; i < count; ++i) {
+          uint32_t single = 0;
+          pShader->shadeRow(-11 + i, y, 1, &single);
+          ASSERT_EQ(row[static_cast<size_t>(i)], single) << "pixel " << -11 + i << ", " << y << " of " << count;
+        }
+      }
+    }
+    pShader->Release();
+  }
+}
+
 namespace {
 
 // Coverage rows with runs of none and full and edges in between, as shapes and clips give.

@@ -67,6 +67,10 @@ class PeriodicAxis {
     _pos += _step;
     if (_pos >= _period) _pos -= _period;
   }
+  // The walk itself, for walks taken several pixels at a time: both in [0, Period()).
+  int64_t Position() const { return _pos; }
+  int64_t Step() const { return _step; }
+  int64_t Period() const { return _period; }
 
  private:
   static int64_t Reduce(double i_value, double i_period) {
@@ -108,6 +112,59 @@ struct Pixels {
 template <class AxisX, class AxisY>
 void ShadeNearest(const Pixels& i_pixels, AxisX x, AxisY y, int i_count, uint32_t* o_pixels) {
   for (int i = 0; i < i_count; ++i, x.Advance(), y.Advance()) o_pixels[i] = i_pixels.Row(y.Index())[x.Index()];
+}
+
+#if defined(VYR_RASTER_AVX2)
+// ShadeNearest for a bitmap repeated both ways, four pixels at a time: lane k walks from
+// pixel k in steps of four pixels, brought back into the period by one subtraction, so every
+// lane holds exactly the position the one-pixel walk reaches; the pixels are then gathered.
+VYR_RASTER_AVX2 void ShadeNearestRepeatedAvx2(const Pixels& i_pixels, PeriodicAxis<false> x, PeriodicAxis<false> y,
+                                              int i_count, uint32_t* o_pixels) {
+  alignas(32) int64_t us[4], vs[4];
+  for (int k = 0; k < 4; ++k, x.Advance(), y.Advance()) us[k] = x.Position(), vs[k] = y.Position();
+  // Four steps, kept within the period as the walk keeps its position.
+  auto fourSteps = [](const PeriodicAxis<false>& i_axis) {
+    int64_t four = 0;
+    for (int k = 0; k < 4; ++k) {
+      four += i_axis.Step();
+      if (four >= i_axis.Period()) four -= i_axis.Period();
+    }
+    return four;
+  };
+  const __m256i stepU = _mm256_set1_epi64x(fourSteps(x)), stepV = _mm256_set1_epi64x(fourSteps(y));
+  const __m256i periodU = _mm256_set1_epi64x(x.Period()), periodV = _mm256_set1_epi64x(y.Period());
+  const __m256i lastU = _mm256_sub_epi64(periodU, _mm256_set1_epi64x(1));
+  const __m256i lastV = _mm256_sub_epi64(periodV, _mm256_set1_epi64x(1));
+  const __m256i rowBytes = _mm256_set1_epi64x(static_cast<long long>(i_pixels.rowBytes));
+  __m256i u = _mm256_load_si256(reinterpret_cast<const __m256i*>(us));
+  __m256i v = _mm256_load_si256(reinterpret_cast<const __m256i*>(vs));
+  int i = 0;
+  for (; i + 4 <= i_count; i += 4) {
+    // Byte offsets row * rowBytes + column * 4 (rows and columns are the positions' upper halves).
+    const __m256i offsets = _mm256_add_epi64(_mm256_mul_epu32(_mm256_srli_epi64(v, kShift), rowBytes),
+                                             _mm256_slli_epi64(_mm256_srli_epi64(u, kShift), 2));
+    const __m128i four = _mm256_i64gather_epi32(reinterpret_cast<const int*>(i_pixels.base), offsets, 1);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(o_pixels + i), four);
+    u = _mm256_add_epi64(u, stepU);
+    v = _mm256_add_epi64(v, stepV);
+    u = _mm256_sub_epi64(u, _mm256_and_si256(_mm256_cmpgt_epi64(u, lastU), periodU));
+    v = _mm256_sub_epi64(v, _mm256_and_si256(_mm256_cmpgt_epi64(v, lastV), periodV));
+  }
+  _mm256_store_si256(reinterpret_cast<__m256i*>(us), u);
+  _mm256_store_si256(reinterpret_cast<__m256i*>(vs), v);
+  for (int k = 0; i < i_count; ++i, ++k) o_pixels[i] = i_pixels.Row(int(vs[k] >> kShift))[us[k] >> kShift];
+}
+#endif
+
+void ShadeNearest(const Pixels& i_pixels, PeriodicAxis<false> x, PeriodicAxis<false> y, int i_count,
+                  uint32_t* o_pixels) {
+#if defined(VYR_RASTER_AVX2)
+  if (VYRRasterHasAvx2()) {
+    ShadeNearestRepeatedAvx2(i_pixels, x, y, i_count, o_pixels);
+    return;
+  }
+#endif
+  ShadeNearest<PeriodicAxis<false>, PeriodicAxis<false>>(i_pixels, x, y, i_count, o_pixels);
 }
 
 // The four pixels around a point weighed by wx, wy / 256 (the second column and row).
@@ -556,8 +613,7 @@ bool VYRRasterBitmapShader::blendRowSrcOver(int x, int y, int count, uint32_t* i
   const unsigned wy = axisY.Weight(), alpha = _paintAlpha + (_paintAlpha >> 7);
   const int first = _pairsFirstColumn, last = _pairsLastColumn;
 #if defined(VYR_RASTER_AVX2)
-  static const bool hasAvx2 = __builtin_cpu_supports("avx2");
-  if (hasAvx2) {
+  if (VYRRasterHasAvx2()) {
     MixRowsAvx2(pixels.Row(top), pixels.Row(bottom), wy, first, last, _pairMixed.data());
     PairColumnsAvx2(_pairMixed.data(), first, last, _pairRow.data());
     BlendColumnPairsAvx2(_pairRow.data(), _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);

@@ -13,6 +13,10 @@
 #if (defined(__GNUC__) || defined(__clang__)) && defined(__x86_64__)
 #include <immintrin.h>
 #define VYR_RASTER_AVX2 __attribute__((target("avx2")))
+inline bool VYRRasterHasAvx2() {
+  static const bool has = __builtin_cpu_supports("avx2");
+  return has;
+}
 #endif
 
 // x / 255 rounded in every 16-bit lane (x + 128 + ((x + 128) >> 8)) >> 8.
