@@ -367,13 +367,14 @@ void BlendColumnPairs(const uint16_t* i_pairs, const int* i_columns, const uint1
 #if defined(VYR_RASTER_AVX2)
 // The same arithmetic as the SSE2 lane helpers, on eight pixels at once.
 VYR_RASTER_AVX2 inline __m256i Div255Lanes8(__m256i x) {
-  x = _mm256_add_epi16(x, _mm256_set1_epi16(128));
-  return _mm256_srli_epi16(_mm256_add_epi16(x, _mm256_srli_epi16(x, 8)), 8);
+  return _mm256_mulhi_epu16(_mm256_add_epi16(x, _mm256_set1_epi16(128)), _mm256_set1_epi16(257));
 }
 
 VYR_RASTER_AVX2 inline __m256i SrcOverLanes8(__m256i s, __m256i d) {
-  const __m256i alpha =
-      _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(s, _MM_SHUFFLE(3, 3, 3, 3)), _MM_SHUFFLE(3, 3, 3, 3));
+  // Each pixel's alpha (bytes 6, 7 and 14, 15 of a half) into its four lanes.
+  const __m256i spread = _mm256_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15,  //
+                                          6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15);
+  const __m256i alpha = _mm256_shuffle_epi8(s, spread);
   return _mm256_add_epi16(s, Div255Lanes8(_mm256_mullo_epi16(d, _mm256_sub_epi16(_mm256_set1_epi16(255), alpha))));
 }
 
@@ -414,8 +415,9 @@ VYR_RASTER_AVX2 void PairColumnsAvx2(const uint32_t* i_mixed, int i_first, int i
 }
 
 // BlendColumnPairs eight pixels at a time. The 256-bit instructions work within 128-bit
-// halves, so pixels j and j + 4 share a register: after the packs the halves hold pixels
-// 0, 1, 2, 3 and 4, 5, 6, 7, the order in which they are stored.
+// halves, so pixels j and j + 4 share a register (their weights lie side by side, see
+// WeightSlot): after the packs the halves hold pixels 0, 1, 2, 3 and 4, 5, 6, 7, the order in
+// which they are stored.
 VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_columns, const uint16_t* i_weights,
                                           int i_count, unsigned i_alpha, const uint8_t* i_coverage,
                                           uint32_t* io_dst) {
@@ -429,8 +431,7 @@ VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_
       const __m256i pairs = _mm256_inserti128_si256(
           _mm256_castsi128_si256(load(i_pairs + 8 * size_t(i_columns[first]))),
           load(i_pairs + 8 * size_t(i_columns[second])), 1);
-      const __m256i weights = _mm256_inserti128_si256(
-          _mm256_castsi128_si256(load(i_weights + 8 * size_t(first))), load(i_weights + 8 * size_t(second)), 1);
+      const __m256i weights = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_weights + 8 * size_t(i + 2 * j)));
       samples[j] = _mm256_srli_epi32(_mm256_madd_epi16(pairs, weights), 8);
     }
     __m256i x = _mm256_packs_epi32(samples[0], samples[1]);  // pixels 0, 1 | 4, 5
@@ -472,6 +473,15 @@ VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_
   }
 }
 #endif
+
+// Where the weights of pixel i of a row sit among the eight-lane groups: in pixel order, or for
+// the AVX2 path pixels j and j + 4 of each eight side by side, as its registers take them.
+size_t WeightSlot(int i) {
+#if defined(VYR_RASTER_AVX2)
+  if (VYRRasterHasAvx2()) return size_t(i & ~7) + size_t((i & 3) * 2 + ((i >> 2) & 1));
+#endif
+  return size_t(i);
+}
 
 void ScaleByAlpha(uint32_t* io_pixels, int i_count, unsigned i_alpha) {
   const unsigned k = i_alpha + (i_alpha >> 7);  // 0..256, 255 -> 256 keeps opaque exact
@@ -579,9 +589,10 @@ bool VYRRasterBitmapShader::preparePairSteps(int x, int y, int count) {
     // A pixel clamped to one column takes it whole, whatever the pair next to it holds.
     const uint16_t weight = left == right ? 0 : static_cast<uint16_t>(axis.Weight());
     _pairColumns[size_t(i)] = left;
+    uint16_t* weights = &_pairWeights[8 * WeightSlot(i)];
     for (int lane = 0; lane < 8; lane += 2) {
-      _pairWeights[8 * size_t(i) + size_t(lane)] = static_cast<uint16_t>(256 - weight);
-      _pairWeights[8 * size_t(i) + size_t(lane) + 1] = weight;
+      weights[lane] = static_cast<uint16_t>(256 - weight);
+      weights[lane + 1] = weight;
     }
     first = std::min(first, left);
     last = std::max(last, right);
