@@ -424,7 +424,9 @@ VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_
   const __m256i zero = _mm256_setzero_si256();
   const __m256i alpha = _mm256_set1_epi16(static_cast<short>(i_alpha));
   auto load = [](const uint16_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
-  auto blendEight = [&](int i, uint64_t eight, uint32_t* io_eight) VYR_RASTER_AVX2 {
+  // Pixels i to i + 7 under the coverage bytes in eight; only the lanes of i_lanes (all of them,
+  // or those of a row's last pixels) are read and written.
+  auto blendEight = [&](int i, uint64_t eight, uint32_t* io_eight, const __m256i* i_lanes) VYR_RASTER_AVX2 {
     __m256i samples[4];
     for (int j = 0; j < 4; ++j) {
       const int first = i + j, second = i + j + 4;
@@ -447,32 +449,42 @@ VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_
       x = Div255Lanes8(_mm256_mullo_epi16(x, _mm256_cvtepu8_epi16(_mm_unpacklo_epi64(first4, second4))));
       y = Div255Lanes8(_mm256_mullo_epi16(y, _mm256_cvtepu8_epi16(_mm_unpackhi_epi64(first4, second4))));
     }
-    __m256i* dst = reinterpret_cast<__m256i*>(io_eight);
-    const __m256i d = _mm256_loadu_si256(dst);
+    int* dst = reinterpret_cast<int*>(io_eight);
+    const __m256i d = i_lanes ? _mm256_maskload_epi32(dst, *i_lanes)
+                              : _mm256_loadu_si256(reinterpret_cast<const __m256i*>(dst));
     x = SrcOverLanes8(x, _mm256_unpacklo_epi8(d, zero));
     y = SrcOverLanes8(y, _mm256_unpackhi_epi8(d, zero));
-    _mm256_storeu_si256(dst, _mm256_packus_epi16(x, y));
+    if (i_lanes) {
+      _mm256_maskstore_epi32(dst, *i_lanes, _mm256_packus_epi16(x, y));
+    } else {
+      _mm256_storeu_si256(reinterpret_cast<__m256i*>(dst), _mm256_packus_epi16(x, y));
+    }
   };
   int i = 0;
   for (; i + 8 <= i_count; i += 8) {
     uint64_t eight = ~uint64_t(0);
     if (i_coverage) std::memcpy(&eight, i_coverage + i, 8);
-    if (eight != 0) blendEight(i, eight, io_dst + i);
+    if (eight != 0) blendEight(i, eight, io_dst + i, nullptr);
   }
   if (i < i_count) {
-    // The last pixels go through a group of eight padded with no coverage.
+    // The last pixels: lanes beyond the row are neither read nor written, and have no coverage.
     const int rest = i_count - i;
-    uint8_t coverage[8] = {};
-    uint32_t pixels[8] = {};
-    for (int j = 0; j < rest; ++j) coverage[j] = i_coverage ? i_coverage[i + j] : 255;
-    std::memcpy(pixels, io_dst + i, sizeof(uint32_t) * size_t(rest));
-    uint64_t eight;
-    std::memcpy(&eight, coverage, 8);
-    blendEight(i, eight, pixels);
-    std::memcpy(io_dst + i, pixels, sizeof(uint32_t) * size_t(rest));
+    const __m256i lanes = _mm256_cmpgt_epi32(_mm256_set1_epi32(rest), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
+    uint64_t eight = 0;
+    for (int j = 0; j < rest; ++j) eight |= uint64_t(i_coverage ? i_coverage[i + j] : 255) << (8 * j);
+    if (eight != 0) blendEight(i, eight, io_dst + i, &lanes);
   }
 }
 #endif
+
+// The start of a row buffer from which element i_first lies on a cache line, so that wide
+// stores from there never straddle two lines; the buffer has a line's worth of room for it.
+template <class T>
+T* AlignedFrom(std::vector<T>& io_buffer, int i_first) {
+  constexpr size_t kLine = 64;
+  const uintptr_t address = reinterpret_cast<uintptr_t>(io_buffer.data() + i_first);
+  return io_buffer.data() + (kLine - address % kLine) % kLine / sizeof(T);
+}
 
 // Where the weights of pixel i of a row sit among the eight-lane groups: in pixel order, or for
 // the AVX2 path pixels j and j + 4 of each eight side by side, as its registers take them.
@@ -600,8 +612,8 @@ bool VYRRasterBitmapShader::preparePairSteps(int x, int y, int count) {
   // A strong reduction would mix far more columns per row than it draws pixels.
   if (last - first > 4 * count) return false;
   // Pairs are made up to eight columns at a time, from the mixed pixels and their neighbours.
-  _pairMixed.resize(size_t(last) + 9);
-  _pairRow.resize(8 * (size_t(last) + 8));
+  _pairMixed.resize(size_t(last) + 9 + 64 / sizeof(uint32_t));
+  _pairRow.resize(8 * (size_t(last) + 8) + 64 / sizeof(uint16_t));
   _pairsX = x;
   _pairsCount = count;
   _pairsFirstColumn = first;
@@ -623,17 +635,19 @@ bool VYRRasterBitmapShader::blendRowSrcOver(int x, int y, int count, uint32_t* i
   const Pixels pixels{static_cast<const uint8_t*>(_bitmap.getPixels()), size_t(_bitmap.rowBytes())};
   const unsigned wy = axisY.Weight(), alpha = _paintAlpha + (_paintAlpha >> 7);
   const int first = _pairsFirstColumn, last = _pairsLastColumn;
+  uint32_t* mixed = AlignedFrom(_pairMixed, first);
+  uint16_t* pairs = AlignedFrom(_pairRow, 8 * first);
 #if defined(VYR_RASTER_AVX2)
   if (VYRRasterHasAvx2()) {
-    MixRowsAvx2(pixels.Row(top), pixels.Row(bottom), wy, first, last, _pairMixed.data());
-    PairColumnsAvx2(_pairMixed.data(), first, last, _pairRow.data());
-    BlendColumnPairsAvx2(_pairRow.data(), _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
+    MixRowsAvx2(pixels.Row(top), pixels.Row(bottom), wy, first, last, mixed);
+    PairColumnsAvx2(mixed, first, last, pairs);
+    BlendColumnPairsAvx2(pairs, _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
     return true;
   }
 #endif
-  MixRows(pixels.Row(top), pixels.Row(bottom), wy, first, last, _pairMixed.data());
-  PairColumns(_pairMixed.data(), first, last, _pairRow.data());
-  BlendColumnPairs(_pairRow.data(), _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
+  MixRows(pixels.Row(top), pixels.Row(bottom), wy, first, last, mixed);
+  PairColumns(mixed, first, last, pairs);
+  BlendColumnPairs(pairs, _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
   return true;
 #else
   (void)x, (void)y, (void)count, (void)io_dst, (void)i_coverage;
