@@ -127,6 +127,65 @@ bool NeverOverlapsItself(const VYRRasterPath& i_path) {
   return IsConvexRing(ring) || (!HasCurves(i_path) && IsSimplePolygon(ring));
 }
 
+// An axis-aligned rectangle, the commonest fill, has its coverage worked out directly with the
+// rasteriser's own arithmetic: on the 26.6 grid a pixel covered h x v 64ths takes
+// h v / 16 (255 at most), rounded down when the outline runs clockwise on the device and one
+// below the rounded-up value when it runs the other way, so the bytes are the rasteriser's.
+// Returns false, touching nothing, for any other path.
+bool FillAxisAlignedRectangle(const VYRRasterPath& i_path, const VYRRasterIRect& i_clip, VYRRasterMask* o_mask) {
+  const std::vector<uint8_t>& verbs = i_path.verbs();
+  const std::vector<VYRMathPoint2Df>& p = i_path.points();
+  const bool fourSides = verbs.size() == 5 && verbs[0] == VYRRasterPath::kMove_Verb &&
+                         verbs[1] == VYRRasterPath::kLine_Verb && verbs[2] == VYRRasterPath::kLine_Verb &&
+                         verbs[3] == VYRRasterPath::kLine_Verb && verbs[4] == VYRRasterPath::kClose_Verb &&
+                         p.size() == 4;
+  if (!fourSides || i_path.getFillType() != VYRRasterPath::kWinding_FillType) return false;
+  const bool alongX = p[0].y == p[1].y && p[1].x == p[2].x && p[2].y == p[3].y && p[3].x == p[0].x;
+  const bool alongY = p[0].x == p[1].x && p[1].y == p[2].y && p[2].x == p[3].x && p[3].y == p[0].y;
+  // Flat rectangles are no simple polygon: they go where FillPath sends those.
+  if ((!alongX && !alongY) || p[0] == p[1] || p[1] == p[2]) return false;
+  for (const VYRMathPoint2Df& point : p)
+    if (!(std::fabs(point.x) < kCoordinateLimit && std::fabs(point.y) < kCoordinateLimit)) return false;
+  const long x0 = ToFixed(std::min(p[0].x, p[2].x)), x1 = ToFixed(std::max(p[0].x, p[2].x));
+  const long y0 = ToFixed(std::min(p[0].y, p[2].y)), y1 = ToFixed(std::max(p[0].y, p[2].y));
+  // Twice the signed area of the ring as the rasteriser receives it.
+  long long area = 0;
+  for (size_t i = 0; i < 4; ++i) {
+    const VYRMathPoint2Df& a = p[i];
+    const VYRMathPoint2Df& b = p[(i + 1) % 4];
+    area += static_cast<long long>(ToFixed(a.x)) * ToFixed(b.y) - static_cast<long long>(ToFixed(b.x)) * ToFixed(a.y);
+  }
+  const bool clockwise = area > 0;
+  VYRRasterIRect bounds = VYRRasterRoundOut(i_path.getBounds());
+  if (!bounds.intersect(i_clip)) return true;
+  const auto overlap = [](long i_from, long i_to, int i_pixel) {
+    return std::max(0L, std::min(i_to, 64L * i_pixel + 64) - std::max(i_from, 64L * i_pixel));
+  };
+  const auto coverage = [clockwise](long i_covered) {
+    if (i_covered == 0) return 0L;
+    return std::min(255L, clockwise ? (i_covered + 15) / 16 - 1 : i_covered / 16);
+  };
+  std::vector<long> columns(static_cast<size_t>(bounds.width()));
+  for (int x = bounds.left; x < bounds.right; ++x) columns[size_t(x - bounds.left)] = overlap(x0, x1, x);
+  // Rows wholly inside the rectangle vertically all look alike.
+  std::vector<uint8_t> inside(columns.size());
+  for (size_t i = 0; i < columns.size(); ++i) inside[i] = static_cast<uint8_t>(coverage(columns[i] * 64));
+  o_mask->allocate(bounds, 0);
+  bool covered = false;
+  for (int y = bounds.top; y < bounds.bottom; ++y) {
+    const long v = overlap(y0, y1, y);
+    uint8_t* row = o_mask->row(y);
+    if (v == 64) {
+      std::memcpy(row, inside.data(), inside.size());
+    } else {
+      for (size_t i = 0; i < columns.size(); ++i) row[i] = static_cast<uint8_t>(coverage(columns[i] * v));
+    }
+    for (size_t i = 0; i < columns.size() && !covered; ++i) covered = row[i] != 0;
+  }
+  if (!covered) *o_mask = VYRRasterMask();
+  return true;
+}
+
 }  // namespace
 
 VYRRasterCoverage* VYRRasterCoverage::Create() { return new VYRFreeTypeCoverage(); }
@@ -191,6 +250,7 @@ bool VYRFreeTypeCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_ant
                                    VYRRasterMask* o_mask) {
   *o_mask = VYRRasterMask();
   if (i_devicePath.isEmpty() || !i_devicePath.isFinite()) return false;
+  if (i_antiAlias && _library && FillAxisAlignedRectangle(i_devicePath, i_clip, o_mask)) return !o_mask->isEmpty();
   if (!i_antiAlias || !_library || !NeverOverlapsItself(i_devicePath) || !BuildOutline(i_devicePath))
     return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
   VYRRasterIRect bounds = VYRRasterRoundOut(i_devicePath.getBounds());
