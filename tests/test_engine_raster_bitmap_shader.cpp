@@ -17,9 +17,9 @@ namespace {
 constexpr int kWidth = 7, kHeight = 5;
 
 // Premultiplied pixels of every kind: opaque, translucent, transparent, all channels distinct.
-std::vector<uint32_t> VariedPixels() {
-  std::vector<uint32_t> pixels(kWidth * kHeight);
-  for (int i = 0; i < kWidth * kHeight; ++i) {
+std::vector<uint32_t> VariedPixels(int i_width = kWidth, int i_height = kHeight) {
+  std::vector<uint32_t> pixels(static_cast<size_t>(i_width * i_height));
+  for (int i = 0; i < i_width * i_height; ++i) {
     const uint32_t a = (i % 5 == 0) ? 255 : (i % 7 == 0) ? 0 : 40 + (i * 37) % 200;
     const uint32_t r = a * ((i * 13) % 256) / 255, g = a * ((i * 71) % 256) / 255, b = a * ((i * 151) % 256) / 255;
     pixels[i] = a << 24 | r << 16 | g << 8 | b;
@@ -138,15 +138,18 @@ struct ScaledCase {
 // sub-pixel offsets, reductions and enlargements, rows reaching beyond the bitmap on both sides
 // (clamped), a translucent paint, translucent bitmap pixels, any coverage or none.
 TEST(RasterBitmapShader, OnePassSourceOverEqualsShadingThenBlending) {
-  std::vector<uint32_t> pixels = VariedPixels();
+  // Wide enough for whole groups of columns and a partial one.
+  constexpr int kWide = 37, kHigh = 6;
+  std::vector<uint32_t> pixels = VariedPixels(kWide, kHigh);
   VYRRasterBitmap bitmap;
-  bitmap.setConfig(kWidth, kHeight);
+  bitmap.setConfig(kWide, kHigh);
   bitmap.setPixels(pixels.data());
   const ScaledCase cases[] = {
       {3.3f, 2.7f, 0.37f, -1.61f, 255}, {0.6f, 0.45f, 2.5f, 0.25f, 255}, {1.0f, 1.0f, 0.5f, 0.5f, 181},
+      {1.0f, 1.0f, 0.0f, 0.0f, 255},    {1.9f, 0.8f, -7.3f, 1.1f, 255},
       {9.7f, 0.3f, -3.2f, 4.9f, 64},    {1.37f, 5.1f, 1.03f, 0.0f, 1},   {0.21f, 1.9f, -0.7f, 2.2f, 230},
   };
-  const int counts[] = {1, 2, 3, 4, 7, 8, 9, 13, 29, 61};
+  const int counts[] = {1, 2, 3, 4, 7, 8, 9, 13, 29, 61, 130};
   unsigned seed = 1;
   for (const ScaledCase& c : cases) {
     SCOPED_TRACE(testing::Message() << "scale " << c.scaleX << " x " << c.scaleY << " alpha " << int(c.alpha));

@@ -158,29 +158,35 @@ bool FillAxisAlignedRectangle(const VYRRasterPath& i_path, const VYRRasterIRect&
   const bool clockwise = area > 0;
   VYRRasterIRect bounds = VYRRasterRoundOut(i_path.getBounds());
   if (!bounds.intersect(i_clip)) return true;
+  // 64ths of pixel i inside [i_from, i_to] along one axis.
   const auto overlap = [](long i_from, long i_to, int i_pixel) {
-    return std::max(0L, std::min(i_to, 64L * i_pixel + 64) - std::max(i_from, 64L * i_pixel));
+    return static_cast<int>(std::max(0L, std::min(i_to, 64L * i_pixel + 64) - std::max(i_from, 64L * i_pixel)));
   };
-  const auto coverage = [clockwise](long i_covered) {
-    if (i_covered == 0) return 0L;
-    return std::min(255L, clockwise ? (i_covered + 15) / 16 - 1 : i_covered / 16);
-  };
-  std::vector<long> columns(static_cast<size_t>(bounds.width()));
+  const int bias = clockwise ? 15 : 0, offset = clockwise ? 1 : 0;
+  std::vector<int> columns(static_cast<size_t>(bounds.width()));
   for (int x = bounds.left; x < bounds.right; ++x) columns[size_t(x - bounds.left)] = overlap(x0, x1, x);
   // Rows wholly inside the rectangle vertically all look alike.
   std::vector<uint8_t> inside(columns.size());
-  for (size_t i = 0; i < columns.size(); ++i) inside[i] = static_cast<uint8_t>(coverage(columns[i] * 64));
   o_mask->allocate(bounds, 0);
-  bool covered = false;
+  unsigned covered = 0;
+  const auto fillRow = [&](int i_rowCover, uint8_t* o_row) {
+    unsigned any = 0;
+    for (size_t i = 0; i < columns.size(); ++i) {
+      o_row[i] = static_cast<uint8_t>(std::clamp((columns[i] * i_rowCover + bias) / 16 - offset, 0, 255));
+      any |= o_row[i];
+    }
+    return any;
+  };
+  const unsigned insideCovered = fillRow(64, inside.data());
   for (int y = bounds.top; y < bounds.bottom; ++y) {
-    const long v = overlap(y0, y1, y);
+    const int v = overlap(y0, y1, y);
     uint8_t* row = o_mask->row(y);
     if (v == 64) {
       std::memcpy(row, inside.data(), inside.size());
+      covered |= insideCovered;
     } else {
-      for (size_t i = 0; i < columns.size(); ++i) row[i] = static_cast<uint8_t>(coverage(columns[i] * v));
+      covered |= fillRow(v, row);
     }
-    for (size_t i = 0; i < columns.size() && !covered; ++i) covered = row[i] != 0;
   }
   if (!covered) *o_mask = VYRRasterMask();
   return true;

@@ -378,32 +378,38 @@ VYR_RASTER_AVX2 inline __m256i SrcOverLanes8(__m256i s, __m256i d) {
   return _mm256_add_epi16(s, Div255Lanes8(_mm256_mullo_epi16(d, _mm256_sub_epi16(_mm256_set1_epi16(255), alpha))));
 }
 
-// MixRows eight columns at a time (unpacking and packing stay within 128-bit halves, so
-// the columns keep their order).
-VYR_RASTER_AVX2 void MixRowsAvx2(const uint32_t* i_upper, const uint32_t* i_lower, unsigned wy, int i_first,
-                                 int i_last, uint32_t* o_mixed) {
+// MixRows and PairColumns in one pass, eight columns at a time: a group's mixed columns stay
+// in a register until the next group's first column, the right neighbour of its last one, is
+// known. Unpacking and packing stay within 128-bit halves, so the columns keep their order;
+// columns beyond i_last are not read (masked loads) and their pairs mean nothing.
+VYR_RASTER_AVX2 void MixPairsAvx2(const uint32_t* i_upper, const uint32_t* i_lower, unsigned wy, int i_first,
+                                  int i_last, uint16_t* o_pairs) {
   const __m256i zero = _mm256_setzero_si256();
   const __m256i lower = _mm256_set1_epi16(static_cast<short>(wy));
   const __m256i upper = _mm256_sub_epi16(_mm256_set1_epi16(256), lower);
-  int c = i_first;
-  for (; c + 8 <= i_last + 1; c += 8) {
-    const __m256i a = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_upper + c));
-    const __m256i b = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_lower + c));
+  const __m256i lanes = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+  auto mixGroup = [&](int c) VYR_RASTER_AVX2 {
+    __m256i a, b;
+    if (c + 8 <= i_last + 1) {
+      a = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_upper + c));
+      b = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_lower + c));
+    } else {
+      const __m256i present = _mm256_cmpgt_epi32(_mm256_set1_epi32(i_last + 1 - c), lanes);
+      a = _mm256_maskload_epi32(reinterpret_cast<const int*>(i_upper + c), present);
+      b = _mm256_maskload_epi32(reinterpret_cast<const int*>(i_lower + c), present);
+    }
     const __m256i low = _mm256_add_epi16(_mm256_mullo_epi16(_mm256_unpacklo_epi8(a, zero), upper),
                                          _mm256_mullo_epi16(_mm256_unpacklo_epi8(b, zero), lower));
     const __m256i high = _mm256_add_epi16(_mm256_mullo_epi16(_mm256_unpackhi_epi8(a, zero), upper),
                                           _mm256_mullo_epi16(_mm256_unpackhi_epi8(b, zero), lower));
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(o_mixed + c),
-                        _mm256_packus_epi16(_mm256_srli_epi16(low, 8), _mm256_srli_epi16(high, 8)));
-  }
-  MixRows(i_upper, i_lower, wy, c, i_last, o_mixed);
-}
-
-// PairColumns eight columns at a time; i_mixed holds eight columns beyond i_last.
-VYR_RASTER_AVX2 void PairColumnsAvx2(const uint32_t* i_mixed, int i_first, int i_last, uint16_t* o_pairs) {
+    return _mm256_packus_epi16(_mm256_srli_epi16(low, 8), _mm256_srli_epi16(high, 8));
+  };
+  __m256i columns = mixGroup(i_first);
   for (int c = i_first; c <= i_last; c += 8) {
-    const __m256i columns = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_mixed + c));
-    const __m256i neighbours = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_mixed + c + 1));
+    const __m256i next = c + 8 <= i_last ? mixGroup(c + 8) : columns;
+    // Columns c + 1 to c + 8: this group moved on by one, the next group's first column last.
+    const __m256i neighbours =
+        _mm256_alignr_epi8(_mm256_permute2x128_si256(columns, next, 0x21), columns, sizeof(uint32_t));
     // Columns 0, 1 | 4, 5 and 2, 3 | 6, 7 with their neighbours' bytes interleaved.
     const __m256i low = _mm256_unpacklo_epi8(columns, neighbours), high = _mm256_unpackhi_epi8(columns, neighbours);
     __m256i* pairs = reinterpret_cast<__m256i*>(o_pairs + 8 * size_t(c));
@@ -411,7 +417,12 @@ VYR_RASTER_AVX2 void PairColumnsAvx2(const uint32_t* i_mixed, int i_first, int i
     _mm256_storeu_si256(pairs + 1, _mm256_cvtepu8_epi16(_mm256_castsi256_si128(high)));
     _mm256_storeu_si256(pairs + 2, _mm256_cvtepu8_epi16(_mm256_extracti128_si256(low, 1)));
     _mm256_storeu_si256(pairs + 3, _mm256_cvtepu8_epi16(_mm256_extracti128_si256(high, 1)));
+    columns = next;
   }
+  // The last column is its own right neighbour.
+  __m128i* last = reinterpret_cast<__m128i*>(o_pairs + 8 * size_t(i_last));
+  const __m128i pair = _mm_loadu_si128(last);
+  _mm_storeu_si128(last, _mm_shufflehi_epi16(_mm_shufflelo_epi16(pair, _MM_SHUFFLE(2, 2, 0, 0)), _MM_SHUFFLE(2, 2, 0, 0)));
 }
 
 // BlendColumnPairs eight pixels at a time. The 256-bit instructions work within 128-bit
@@ -639,8 +650,7 @@ bool VYRRasterBitmapShader::blendRowSrcOver(int x, int y, int count, uint32_t* i
   uint16_t* pairs = AlignedFrom(_pairRow, 8 * first);
 #if defined(VYR_RASTER_AVX2)
   if (VYRRasterHasAvx2()) {
-    MixRowsAvx2(pixels.Row(top), pixels.Row(bottom), wy, first, last, mixed);
-    PairColumnsAvx2(mixed, first, last, pairs);
+    MixPairsAvx2(pixels.Row(top), pixels.Row(bottom), wy, first, last, pairs);
     BlendColumnPairsAvx2(pairs, _pairColumns.data(), _pairWeights.data(), count, alpha, i_coverage, io_dst);
     return true;
   }
