@@ -80,6 +80,7 @@ bool ReadCount(VYRI2DGStream* ipStream, long long i_bytesPerItem, long long i_li
   int count = 0;
   ipStream->Unstream(count);
   o_count = 0;
+  if (count == 0) return true;  // the usual case, with nothing to check against the stream
   if (!VYR_CHECK_CONDITION(ipStream->CountFits(count, i_bytesPerItem) && count <= i_limit)) return false;
   o_count = static_cast<unsigned int>(count);
   return true;
