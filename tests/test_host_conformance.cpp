@@ -184,6 +184,18 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"structure/symbol/with-overflow-visible", kShapes}),
     CaseName);
 
+INSTANTIATE_TEST_SUITE_P(StyleSheets, Conformance,
+                         ::testing::Values(Case{"structure/style/class-selector", kShapes},
+                                           Case{"structure/style/combined-selectors", kShapes},
+                                           Case{"structure/style/important", kShapes},
+                                           Case{"structure/style/rule-specificity", kShapes},
+                                           Case{"structure/style/style-after-usage", kShapes},
+                                           Case{"structure/style/style-inside-CDATA", kShapes},
+                                           Case{"structure/style/transform", kShapes},
+                                           Case{"structure/use/cSS-rules", kShapes},
+                                           Case{"painting/marker/the-marker-property-in-CSS", kShapes}),
+                         CaseName);
+
 INSTANTIATE_TEST_SUITE_P(Text, Conformance,
                          ::testing::Values(Case{"text/font-size/simple-case", kText},
                                            Case{"text/font-size/em-nested-and-mixed", kText},
