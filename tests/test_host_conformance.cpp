@@ -163,7 +163,11 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"filters/filter/global-transform", kShapes},
                       Case{"filters/filter/transform-on-shape", kShapes},
                       Case{"filters/filter/with-mask", kShapes},
-                      Case{"filters/filter/multiple-primitives-4", kShapes}),
+                      Case{"filters/filter/multiple-primitives-4", kShapes},
+                      Case{"filters/feFlood/seagreen", kShapes},
+                      Case{"filters/feFlood/with-opacity", kShapes},
+                      Case{"filters/flood-color/inheritance-3", kShapes},
+                      Case{"filters/flood-color/inheritance-5", kShapes}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(

@@ -1,6 +1,7 @@
 #include "VYRSvgImporter.h"
 
 #include <cmath>
+#include <cstdio>
 #include <fstream>
 #include <sstream>
 
@@ -1063,6 +1064,22 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
         const std::string type = Attribute(child, "type");
         if (!type.empty()) pMatrix->SetType(MMParsingTools::StringToColorMatrixType(VYRUnicodeString(type)));
         pMatrix->SetValues(VYRUnicodeString(Attribute(child, "values")));
+      }
+      pPrimitive = pMatrix;
+    } else if (name == "feFlood") {
+      // A colour matrix that ignores its input gives the flood colour over
+      // the whole region.
+      auto* pMatrix = Create<VYRPrtFilterColorMatrixElt>();
+      if (pMatrix != nullptr) {
+        VYRSvgStyle style = i_context.style.Inherited();
+        VYRSvgLengthContext lengths = i_context.lengths;
+        style.Apply(child, _styleSheet, lengths, _messages);
+        char values[160];
+        std::snprintf(values, sizeof values, "0 0 0 0 %.6g 0 0 0 0 %.6g 0 0 0 0 %.6g 0 0 0 0 %.6g",
+                      style.floodColor.red / 255.0, style.floodColor.green / 255.0, style.floodColor.blue / 255.0,
+                      style.floodOpacity);
+        pMatrix->SetType(MMParsingTools::StringToColorMatrixType("matrix"));
+        pMatrix->SetValues(VYRUnicodeString(values));
       }
       pPrimitive = pMatrix;
     } else if (name == "feBlend") {

@@ -87,6 +87,8 @@ VYRSvgStyle VYRSvgStyle::Inherited() const {
   child.filterID.clear();
   child.parentStopColor = stopColor;
   child.parentStopOpacity = stopOpacity;
+  child.parentFloodColor = floodColor;
+  child.parentFloodOpacity = floodOpacity;
   child.stopColor = initial.stopColor;
   child.stopOpacity = initial.stopOpacity;
   child.floodColor = initial.floodColor;
@@ -99,11 +101,14 @@ bool VYRSvgStyle::ApplyProperty(const std::string& i_name, const std::string& i_
   const std::string value = VYRSvgValues::Trim(i_value);
   const std::string& n = i_name;
   // "inherit" keeps the inherited value, which the style already holds for
-  // inherited properties; of the others, the stop's take their parent's
-  // value, and the rest, which this cascade does not keep, stay initial.
+  // inherited properties; of the others, the stop and flood ones take their
+  // parent's value, and the rest, which this cascade does not keep, stay
+  // initial.
   if (value == "inherit") {
     if (n == "stop-color") stopColor = parentStopColor;
     if (n == "stop-opacity") stopOpacity = parentStopOpacity;
+    if (n == "flood-color") floodColor = parentFloodColor;
+    if (n == "flood-opacity") floodOpacity = parentFloodOpacity;
     return true;
   }
   if (n == "color") return ParseColorProperty(value, color, color);

@@ -44,10 +44,12 @@ struct VYRSvgStyle {
   double stopOpacity = 1.0;
   VYRSvgColor floodColor;
   double floodOpacity = 1.0;
-  // The parent's stop colour and opacity, which "inherit" takes although
-  // they are not inherited otherwise.
+  // The parent's stop and flood colours and opacities, which "inherit"
+  // takes although they are not inherited otherwise.
   VYRSvgColor parentStopColor;
   double parentStopOpacity = 1.0;
+  VYRSvgColor parentFloodColor;
+  double parentFloodOpacity = 1.0;
 
   static VYRSvgPaint BlackPaint() {
     VYRSvgPaint paint;
