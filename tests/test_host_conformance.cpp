@@ -138,7 +138,7 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
-    OpacityAndMasks, Conformance,
+    OpacityMasksAndClips, Conformance,
     ::testing::Values(Case{"painting/opacity/group-opacity", kShapes},
                       Case{"painting/opacity/mixed-group-opacity", kShapes},
                       Case{"painting/opacity/bBox-impact", kShapes},
@@ -150,7 +150,14 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"masking/mask/recursive-on-self", kShapes},
                       Case{"masking/mask/with-clip-path", kShapes},
                       Case{"masking/mask/with-image", kShapes},
-                      Case{"masking/mask/with-opacity-3", kShapes}),
+                      Case{"masking/mask/with-opacity-3", kShapes},
+                      Case{"masking/clipPath/mixed-clip-rule", kShapes},
+                      Case{"masking/clipPath/overlapped-shapes-with-evenodd", kShapes},
+                      Case{"masking/clipPath/clip-path-on-child-with-transform", kShapes},
+                      Case{"masking/clipPath/clip-path-on-self-2", kShapes},
+                      Case{"masking/clipPath/recursive-on-child", kShapes},
+                      Case{"masking/clipPath/switch-is-not-a-valid-child", kShapes},
+                      Case{"masking/clipPath/with-invalid-child-via-use", kShapes}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(

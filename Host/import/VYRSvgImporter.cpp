@@ -106,6 +106,11 @@ std::string CollapseSpaces(const std::string& i_text) {
 
 unsigned char OpacityByte(double i_opacity) { return static_cast<unsigned char>(i_opacity * 255.0 + 0.5); }
 
+bool IsShapeName(const std::string& i_name) {
+  return i_name == "rect" || i_name == "circle" || i_name == "ellipse" || i_name == "line" || i_name == "polyline" ||
+         i_name == "polygon" || i_name == "path";
+}
+
 bool IsResourceName(const std::string& i_name) {
   return i_name == "linearGradient" || i_name == "radialGradient" || i_name == "pattern" ||
          i_name == "clipPath" || i_name == "mask" || i_name == "marker" || i_name == "filter";
@@ -298,6 +303,11 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
     return ImportResource(name, i_element, i_parent, i_depth);
   }
 
+  // A clip path is made of shapes and text, directly or through use.
+  if (i_parent.insideClipPath && !IsShapeName(name) && name != "text" && name != "use") {
+    Report("<" + name + "> cannot shape a clip path");
+    return nullptr;
+  }
   Context context;
   context.style = i_parent.style.Inherited();
   context.lengths = i_parent.lengths;
@@ -355,8 +365,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
     pElt = ImportText(i_element, context);
   } else if (name == "image") {
     pElt = ImportBitmap(i_element, context);
-  } else if (name == "rect" || name == "circle" || name == "ellipse" || name == "line" || name == "polyline" ||
-             name == "polygon" || name == "path") {
+  } else if (IsShapeName(name)) {
     pElt = ImportShape(name, i_element, context);
   } else {
     if (name != "metadata" && name != "style" && name != "script") Report("<" + name + "> is not supported");
@@ -428,7 +437,9 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
   _inProgress.insert("use:" + id);
   const VYRIDOMElement_var& target = found->second;
   VYRPrtGraphicPrimitiveElt* pContent = nullptr;
-  if (VYRSvgLocalName(target) == "symbol" || VYRSvgLocalName(target) == "svg") {
+  if (i_context.insideClipPath && (VYRSvgLocalName(target) == "symbol" || VYRSvgLocalName(target) == "svg")) {
+    Report("<" + VYRSvgLocalName(target) + "> cannot shape a clip path");
+  } else if (VYRSvgLocalName(target) == "symbol" || VYRSvgLocalName(target) == "svg") {
     Context context = i_context;
     context.style = i_context.style.Inherited();
     context.style.Apply(target, _styleSheet, context.lengths, _messages);
@@ -463,15 +474,7 @@ void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Cont
   io_elt.SetVisibility(i_context.style.visible ? 1 : 0);
   io_elt.SetOpacity(OpacityByte(i_context.style.opacity));
   const VYRSvgStyle& style = i_context.style;
-  if (!style.clipPathID.empty()) {
-    io_elt.SetClipPathID(VYRUnicodeString(style.clipPathID));
-    VYRPrtGraphicPrimitiveElt* pClip = Resource(style.clipPathID);
-    if (pClip != nullptr && pClip->GetStreamType() == kStreamTypeClipPathElt) {
-      io_elt.SetClipPath(static_cast<VYRPrtClipPathElt*>(pClip));
-    } else {
-      Report("missing clip path \"" + style.clipPathID + "\"");
-    }
-  }
+  LinkClipPath(style, io_elt);
   if (!style.maskID.empty()) {
     io_elt.SetMaskID(VYRUnicodeString(style.maskID));
     VYRPrtGraphicPrimitiveElt* pMask = Resource(style.maskID);
@@ -489,6 +492,17 @@ void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Cont
     } else {
       Report("missing filter \"" + style.filterID + "\"");
     }
+  }
+}
+
+void VYRSvgImporter::LinkClipPath(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt) {
+  if (i_style.clipPathID.empty()) return;
+  io_elt.SetClipPathID(VYRUnicodeString(i_style.clipPathID));
+  VYRPrtGraphicPrimitiveElt* pClip = Resource(i_style.clipPathID);
+  if (pClip != nullptr && pClip->GetStreamType() == kStreamTypeClipPathElt) {
+    io_elt.SetClipPath(static_cast<VYRPrtClipPathElt*>(pClip));
+  } else {
+    Report("missing clip path \"" + i_style.clipPathID + "\"");
   }
 }
 
@@ -884,6 +898,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
     pClip->SetUnits(Units(Attribute(i_element, "clipPathUnits"), MM2D::UnitUserSpaceOnUse));
     pClip->SetClipRule(context.style.clipRule);
     pClip->SetTransformAttributes(TransformAttribute(i_element, "transform"));
+    LinkClipPath(context.style, *pClip);  // a clip path may be clipped in turn
     context.insideClipPath = true;
     ImportChildren(i_element, *pClip, context, i_depth);
     pElt = pClip;

@@ -91,6 +91,8 @@ class VYRSvgImporter {
   VYRPrtGraphicPrimitiveElt* ImportFilter(const VYRIDOMElement_var& i_element, const Context& i_context);
 
   // The common attributes: identifier, transform, visibility, opacity, clip path, mask, filter.
+  // Points the element at the clip path its style names, reporting one that is missing.
+  void LinkClipPath(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt);
   void ApplyCommon(const VYRIDOMElement_var& i_element, const Context& i_context, VYRPrtGraphicPrimitiveElt& io_elt);
   void ApplyPaint(const Context& i_context, VYRPrtGraphicPrimitiveElt& io_shape);
   VYRPrtFillAttributes MakeFill(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape);
