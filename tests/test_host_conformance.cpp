@@ -172,6 +172,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"filters/filter/with-mask", kShapes},
                       Case{"filters/filter/multiple-primitives-4", kShapes},
                       Case{"filters/feFlood/seagreen", kShapes},
+                      Case{"filters/filter/no-children", kShapes},
+                      Case{"filters/filter/invalid-FuncIRI", kShapes},
                       Case{"filters/feFlood/with-opacity", kShapes},
                       Case{"filters/flood-color/inheritance-3", kShapes},
                       Case{"filters/flood-color/inheritance-5", kShapes}),

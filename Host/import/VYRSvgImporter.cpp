@@ -490,7 +490,9 @@ void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Cont
     if (pFilter != nullptr && pFilter->GetStreamType() == kStreamTypeFilterContainerElt) {
       io_elt.SetFilter(static_cast<VYRPrtFilterContainerElt*>(pFilter));
     } else {
+      // Drawn unfiltered it would show what the filter was to change: it is not drawn.
       Report("missing filter \"" + style.filterID + "\"");
+      io_elt.SetVisibility(0);
     }
   }
 }

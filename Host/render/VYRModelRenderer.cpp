@@ -286,6 +286,8 @@ void VYRModelRenderer::DrawComposited(VYRPrtGraphicPrimitiveElt* i_pElt, const P
   const bool opacityLayer = opacity < 1.0 && (pFilter != nullptr || pMask != nullptr || PaintsOverItself(i_pElt));
   Paint paint = i_paint;
   if (!opacityLayer) paint.alpha *= opacity;
+  // A filter without primitives leaves nothing of what it filters.
+  if (pFilter != nullptr && pFilter->GetChildArray().GetLength() == 0) return;
   if (pFilter != nullptr) {
     VYR2DGRect region;
     if (!EffectArea(i_pElt, pFilter->GetRegion(), pFilter->GetUnits(), region)) return;
