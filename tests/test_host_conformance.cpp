@@ -197,17 +197,24 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"structure/symbol/with-overflow-visible", kShapes}),
     CaseName);
 
-INSTANTIATE_TEST_SUITE_P(StyleSheets, Conformance,
-                         ::testing::Values(Case{"structure/style/class-selector", kShapes},
-                                           Case{"structure/style/combined-selectors", kShapes},
-                                           Case{"structure/style/important", kShapes},
-                                           Case{"structure/style/rule-specificity", kShapes},
-                                           Case{"structure/style/style-after-usage", kShapes},
-                                           Case{"structure/style/style-inside-CDATA", kShapes},
-                                           Case{"structure/style/transform", kShapes},
-                                           Case{"structure/use/cSS-rules", kShapes},
-                                           Case{"painting/marker/the-marker-property-in-CSS", kShapes}),
-                         CaseName);
+INSTANTIATE_TEST_SUITE_P(
+    StylesAndSwitches, Conformance,
+    ::testing::Values(Case{"structure/style/class-selector", kShapes},
+                      Case{"structure/style/combined-selectors", kShapes},
+                      Case{"structure/style/important", kShapes},
+                      Case{"structure/style/rule-specificity", kShapes},
+                      Case{"structure/style/style-after-usage", kShapes},
+                      Case{"structure/style/style-inside-CDATA", kShapes},
+                      Case{"structure/style/transform", kShapes},
+                      Case{"structure/use/cSS-rules", kShapes},
+                      Case{"painting/marker/the-marker-property-in-CSS", kShapes},
+                      Case{"structure/style-attribute/comments", kShapes},
+                      Case{"structure/switch/simple-case", kShapes},
+                      Case{"structure/switch/display-none-on-child", kShapes},
+                      Case{"structure/switch/systemLanguage=ru-Ru", kShapes},
+                      Case{"structure/switch/systemLanguage=ru-en", kShapes},
+                      Case{"structure/switch/with-attributes", kShapes}),
+    CaseName);
 
 INSTANTIATE_TEST_SUITE_P(Text, Conformance,
                          ::testing::Values(Case{"text/font-size/simple-case", kText},

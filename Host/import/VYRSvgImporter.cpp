@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <sstream>
 
@@ -105,6 +106,9 @@ std::string CollapseSpaces(const std::string& i_text) {
 }
 
 unsigned char OpacityByte(double i_opacity) { return static_cast<unsigned char>(i_opacity * 255.0 + 0.5); }
+
+// The language conditional content is chosen for.
+constexpr char kUserLanguage[] = "en";
 
 bool IsShapeName(const std::string& i_name) {
   return i_name == "rect" || i_name == "circle" || i_name == "ellipse" || i_name == "line" || i_name == "polyline" ||
@@ -320,12 +324,13 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
     auto* pGroup = Create<VYRPrtGroupElt>();
     if (!VYR_CHECK_POINTER(pGroup)) return nullptr;
     if (name == "switch") {
-      // The first child that can be drawn stands for the switch.
+      // The first child whose conditions hold stands for the switch, even
+      // when it draws nothing.
       for (const VYRIDOMElement_var& child : ChildElements(i_element)) {
-        if (VYRPrtGraphicPrimitiveElt* pChild = ImportElement(child, context, i_depth + 1)) {
-          if (pChild->GetFather() == nullptr) pGroup->AddChild(pChild);
-          break;
-        }
+        if (!MeetsConditions(child)) continue;
+        VYRPrtGraphicPrimitiveElt* pChild = ImportElement(child, context, i_depth + 1);
+        if (pChild != nullptr && pChild->GetFather() == nullptr) pGroup->AddChild(pChild);
+        break;
       }
     } else {
       ImportChildren(i_element, *pGroup, context, i_depth);
@@ -1201,6 +1206,23 @@ std::string VYRSvgImporter::Attribute(const VYRIDOMElement_var& i_element, const
   VYRUnicodeString value;
   i_element.GetAttribute(i_name, value);
   return value.GetStdString();
+}
+
+bool VYRSvgImporter::MeetsConditions(const VYRIDOMElement_var& i_element) const {
+  // No extension is supported; every feature of the static profile is.
+  if (HasAttribute(i_element, "requiredExtensions")) return false;
+  if (!HasAttribute(i_element, "systemLanguage")) return true;
+  // A language matches the user's, or begins with it followed by "-".
+  std::stringstream languages(Attribute(i_element, "systemLanguage"));
+  std::string language;
+  while (std::getline(languages, language, ',')) {
+    language = VYRSvgValues::Trim(language);
+    const size_t length = std::strlen(kUserLanguage);
+    if (language.compare(0, length, kUserLanguage) == 0 && (language.size() == length || language[length] == '-')) {
+      return true;
+    }
+  }
+  return false;
 }
 
 bool VYRSvgImporter::HasAttribute(const VYRIDOMElement_var& i_element, const char* i_name) const {

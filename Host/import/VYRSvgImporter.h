@@ -119,6 +119,8 @@ class VYRSvgImporter {
   // A number, or a percentage as a fraction.
   double Fraction(const VYRIDOMElement_var& i_element, const char* i_name, double i_default);
   bool HasAttribute(const VYRIDOMElement_var& i_element, const char* i_name) const;
+  // Whether the element's conditional attributes let it be chosen by a switch.
+  bool MeetsConditions(const VYRIDOMElement_var& i_element) const;
   std::string HrefID(const VYRIDOMElement_var& i_element) const;
   bool ReadViewBox(const VYRIDOMElement_var& i_element, VYRPrtViewBoxAttributes& o_viewBox);
 

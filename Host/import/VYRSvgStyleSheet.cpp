@@ -59,12 +59,13 @@ std::string VYRSvgLocalName(const VYRIDOMNode_var& i_node) {
 }
 
 std::vector<VYRSvgDeclaration> VYRSvgParseDeclarations(const std::string& i_text) {
+  const std::string text = WithoutComments(i_text);
   std::vector<VYRSvgDeclaration> declarations;
   size_t position = 0;
-  while (position < i_text.size()) {
-    size_t end = i_text.find(';', position);
-    if (end == std::string::npos) end = i_text.size();
-    const std::string declaration = i_text.substr(position, end - position);
+  while (position < text.size()) {
+    size_t end = text.find(';', position);
+    if (end == std::string::npos) end = text.size();
+    const std::string declaration = text.substr(position, end - position);
     const size_t colon = declaration.find(':');
     if (colon != std::string::npos) {
       VYRSvgDeclaration parsed;
