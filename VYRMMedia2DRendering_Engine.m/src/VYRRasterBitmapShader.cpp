@@ -380,8 +380,10 @@ VYR_RASTER_AVX2 inline __m256i SrcOverLanes8(__m256i s, __m256i d) {
 
 // MixRows and PairColumns in one pass, eight columns at a time: a group's mixed columns stay
 // in a register until the next group's first column, the right neighbour of its last one, is
-// known. Unpacking and packing stay within 128-bit halves, so the columns keep their order;
-// columns beyond i_last are not read (masked loads) and their pairs mean nothing.
+// known. Unpacking and packing stay within 128-bit halves, so the columns keep their order.
+// Columns beyond i_last are not read (masked loads); what the last column is paired with
+// never counts, since a pixel whose left sample is the last column has weight 0 (see
+// preparePairSteps).
 VYR_RASTER_AVX2 void MixPairsAvx2(const uint32_t* i_upper, const uint32_t* i_lower, unsigned wy, int i_first,
                                   int i_last, uint16_t* o_pairs) {
   const __m256i zero = _mm256_setzero_si256();
@@ -419,10 +421,6 @@ VYR_RASTER_AVX2 void MixPairsAvx2(const uint32_t* i_upper, const uint32_t* i_low
     _mm256_storeu_si256(pairs + 3, _mm256_cvtepu8_epi16(_mm256_extracti128_si256(high, 1)));
     columns = next;
   }
-  // The last column is its own right neighbour.
-  __m128i* last = reinterpret_cast<__m128i*>(o_pairs + 8 * size_t(i_last));
-  const __m128i pair = _mm_loadu_si128(last);
-  _mm_storeu_si128(last, _mm_shufflehi_epi16(_mm_shufflelo_epi16(pair, _MM_SHUFFLE(2, 2, 0, 0)), _MM_SHUFFLE(2, 2, 0, 0)));
 }
 
 // BlendColumnPairs eight pixels at a time. The 256-bit instructions work within 128-bit
