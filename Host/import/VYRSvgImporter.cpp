@@ -345,15 +345,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
     const double width = Length(i_element, "width", context, VYRSvgLengthAxis::eX, context.lengths.viewportWidth);
     const double height = Length(i_element, "height", context, VYRSvgLengthAxis::eY, context.lengths.viewportHeight);
     pElt = ImportViewport(i_element, context, i_depth, width, height);
-    if (pElt != nullptr) {
-      VYRPrtTransformAttributes transform;
-      transform.AddTranslation(VYRMathVector2D(Length(i_element, "x", context, VYRSvgLengthAxis::eX, 0.0),
-                                               Length(i_element, "y", context, VYRSvgLengthAxis::eY, 0.0)));
-      transform.AddTransformAttributes(pElt->GetTransformAttributes());
-      pElt->SetTransformAttributes(transform);
-      ApplyCommon(i_element, context, *pElt);
-      pElt->SetTransformAttributes(transform);  // a nested svg has no transform attribute
-    }
+    if (pElt != nullptr) ApplyViewportCommon(i_element, context, *pElt);
     return pElt;
   } else if (name == "symbol") {
     // Drawn only through use; kept under its parent for completeness.
@@ -454,6 +446,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
                                  Length(target, "height", i_context, VYRSvgLengthAxis::eY,
                                         i_context.lengths.viewportHeight));
     if (context.style.displayed) pContent = ImportViewport(target, context, i_depth, width, height);
+    if (pContent != nullptr) ApplyViewportCommon(target, context, *pContent);
   } else {
     pContent = ImportElement(target, i_context, i_depth + 1);
     // A resource is not drawn where it is used.
@@ -464,6 +457,17 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
   if (!VYR_CHECK_POINTER(pGroup)) return nullptr;
   if (pContent != nullptr) pGroup->AddChild(pContent);
   return pGroup;
+}
+
+void VYRSvgImporter::ApplyViewportCommon(const VYRIDOMElement_var& i_element, const Context& i_context,
+                                         VYRPrtGraphicPrimitiveElt& io_outer) {
+  ApplyCommon(i_element, i_context, io_outer);
+  VYRPrtTransformAttributes position;
+  if (VYRSvgLocalName(i_element) == "svg") {
+    position.AddTranslation(VYRMathVector2D(Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0),
+                                            Length(i_element, "y", i_context, VYRSvgLengthAxis::eY, 0.0)));
+  }
+  io_outer.SetTransformAttributes(position);
 }
 
 void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Context& i_context,
@@ -757,9 +761,12 @@ std::vector<double> ShiftedDashes(const std::vector<double>& i_dashes, double i_
   return shifted;
 }
 
+// A gradient with stops: one without any is no paint server, and the fallback paints instead.
 bool IsGradient(VYRPrtGraphicPrimitiveElt* i_pElt) {
-  return i_pElt != nullptr && (i_pElt->GetStreamType() == kStreamTypeLinearGradientElt ||
-                               i_pElt->GetStreamType() == kStreamTypeRadialGradientElt);
+  return i_pElt != nullptr &&
+         (i_pElt->GetStreamType() == kStreamTypeLinearGradientElt ||
+          i_pElt->GetStreamType() == kStreamTypeRadialGradientElt) &&
+         static_cast<VYRPrtBaseGradientElt*>(i_pElt)->GetStopCount() > 0;
 }
 
 }  // namespace

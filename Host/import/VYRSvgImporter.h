@@ -93,6 +93,10 @@ class VYRSvgImporter {
   // The common attributes: identifier, transform, visibility, opacity, clip path, mask, filter.
   // Points the element at the clip path its style names, reporting one that is missing.
   void LinkClipPath(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt);
+  // The common attributes of an svg or symbol on the outer group of its
+  // viewport: placed by x and y (an svg's) instead of a transform attribute.
+  void ApplyViewportCommon(const VYRIDOMElement_var& i_element, const Context& i_context,
+                           VYRPrtGraphicPrimitiveElt& io_outer);
   void ApplyCommon(const VYRIDOMElement_var& i_element, const Context& i_context, VYRPrtGraphicPrimitiveElt& io_elt);
   void ApplyPaint(const Context& i_context, VYRPrtGraphicPrimitiveElt& io_shape);
   VYRPrtFillAttributes MakeFill(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape);
