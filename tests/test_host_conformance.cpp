@@ -198,7 +198,11 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"structure/symbol/opacity-on-use-and-symbol", kShapes},
                       Case{"structure/use/xlink-to-svg-element-with-rect", kShapes},
                       Case{"structure/use/nested-xlink-to-svg-element-with-rect-and-size", kShapes},
-                      Case{"painting/fill/invalid-FuncIRI-with-a-fallback-color", kShapes}),
+                      Case{"painting/fill/invalid-FuncIRI-with-a-fallback-color", kShapes},
+                      Case{"structure/svg/nested-svg-with-transform-and-clip", kShapes},
+                      Case{"structure/symbol/with-transform", kShapes},
+                      Case{"structure/use/indirect-recursive-2", kShapes},
+                      Case{"painting/display/none-on-svg", kShapes}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
