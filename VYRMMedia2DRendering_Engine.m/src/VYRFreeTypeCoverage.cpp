@@ -189,7 +189,7 @@ bool VYRFreeTypeCoverage::BuildOutline(const VYRRasterPath& i_path) {
 
 bool VYRFreeTypeCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_antiAlias, const VYRRasterIRect& i_clip,
                                    VYRRasterMask* o_mask) {
-  *o_mask = VYRRasterMask();
+  o_mask->reset();
   if (i_devicePath.isEmpty() || !i_devicePath.isFinite()) return false;
   if (!i_antiAlias || !_library || !NeverOverlapsItself(i_devicePath) || !BuildOutline(i_devicePath))
     return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
@@ -211,7 +211,7 @@ bool VYRFreeTypeCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_ant
       return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
     first = static_cast<short>(last + 1);
   }
-  if (!target.covered) *o_mask = VYRRasterMask();
+  if (!target.covered) o_mask->reset();
   return target.covered;
 }
 

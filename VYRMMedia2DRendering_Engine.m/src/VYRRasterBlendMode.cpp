@@ -316,6 +316,55 @@ void BlendRowT<kSrcOver_VYRBlendMode>(uint32_t* io_dst, const uint32_t* i_src, c
     io_dst[i] = SrcOver(i_coverage ? Scale(i_src[i], i_coverage[i]) : i_src[i], io_dst[i]);
 }
 
+// Source-over of one colour: its lanes are worked out once, fully covered groups skip
+// the coverage multiply, and the results equal BlendRowT's bit for bit.
+void SolidSrcOverRow(uint32_t* io_dst, uint32_t i_src, const uint8_t* i_coverage, int i_count) {
+  if (A(i_src) == 0) return;  // a transparent source leaves every pixel as it is
+  int i = 0;
+#if defined(__SSE2__)
+  const __m128i zero = _mm_setzero_si128();
+  const __m128i s4 = _mm_set1_epi32(static_cast<int>(i_src));
+  const __m128i s16 = _mm_unpacklo_epi8(s4, zero);
+  const __m128i inverseAlpha = _mm_set1_epi16(static_cast<short>(255 - A(i_src)));
+  const bool opaque = A(i_src) == 255;
+  for (; i + 4 <= i_count; i += 4) {
+    if (i_coverage && i % 16 == 0 && i + 16 <= i_count &&
+        _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(i_coverage + i)), zero)) ==
+            0xFFFF) {
+      i += 12;
+      continue;
+    }
+    uint32_t four = 0xFFFFFFFFu;
+    if (i_coverage) std::memcpy(&four, i_coverage + i, 4);
+    if (four == 0) continue;
+    __m128i* dst = reinterpret_cast<__m128i*>(io_dst + i);
+    if (four == 0xFFFFFFFFu) {
+      if (opaque) {
+        _mm_storeu_si128(dst, s4);
+        continue;
+      }
+      const __m128i d = _mm_loadu_si128(dst);
+      const __m128i lo = _mm_add_epi16(s16, Div255Lanes(_mm_mullo_epi16(_mm_unpacklo_epi8(d, zero), inverseAlpha)));
+      const __m128i hi = _mm_add_epi16(s16, Div255Lanes(_mm_mullo_epi16(_mm_unpackhi_epi8(d, zero), inverseAlpha)));
+      _mm_storeu_si128(dst, _mm_packus_epi16(lo, hi));
+      continue;
+    }
+    const __m128i d = _mm_loadu_si128(dst);
+    __m128i c = _mm_cvtsi32_si128(static_cast<int>(four));
+    c = _mm_unpacklo_epi16(_mm_unpacklo_epi8(c, c), _mm_unpacklo_epi8(c, c));
+    const __m128i sLo = Div255Lanes(_mm_mullo_epi16(s16, _mm_unpacklo_epi8(c, zero)));
+    const __m128i sHi = Div255Lanes(_mm_mullo_epi16(s16, _mm_unpackhi_epi8(c, zero)));
+    const __m128i lo = SrcOverLanes(sLo, _mm_unpacklo_epi8(d, zero));
+    const __m128i hi = SrcOverLanes(sHi, _mm_unpackhi_epi8(d, zero));
+    _mm_storeu_si128(dst, _mm_packus_epi16(lo, hi));
+  }
+#endif
+  for (; i < i_count; ++i) {
+    const int coverage = i_coverage ? i_coverage[i] : 255;
+    if (coverage) io_dst[i] = SrcOver(coverage == 255 ? i_src : Scale(i_src, coverage), io_dst[i]);
+  }
+}
+
 using RowFn = void (*)(uint32_t*, const uint32_t*, const uint8_t*, int);
 
 template <int... I>
@@ -331,6 +380,21 @@ void VYRRasterBlender::BlendRow(VYRRasterBlendMode i_mode, uint32_t* io_dst, con
   const int mode = (i_mode >= 0 && i_mode <= kLastMode_VYRBlendMode) ? i_mode : kSrcOver_VYRBlendMode;
   if (i_count <= 0 || !io_dst || !i_src) return;
   table[mode](io_dst, i_src, i_coverage, i_count);
+}
+
+void VYRRasterBlender::BlendSolidRow(VYRRasterBlendMode i_mode, uint32_t* io_dst, uint32_t i_src,
+                                     const uint8_t* i_coverage, int i_count) {
+  if (i_count <= 0 || !io_dst) return;
+  if (ModeOrSourceOver(i_mode) == kSrcOver_VYRBlendMode) {
+    SolidSrcOverRow(io_dst, i_src, i_coverage, i_count);
+    return;
+  }
+  // Other modes take the general row in chunks of the repeated colour.
+  constexpr int kChunk = 64;
+  uint32_t source[kChunk];
+  std::fill(source, source + kChunk, i_src);
+  for (int i = 0; i < i_count; i += kChunk)
+    BlendRow(i_mode, io_dst + i, source, i_coverage ? i_coverage + i : nullptr, std::min(kChunk, i_count - i));
 }
 
 uint32_t VYRRasterBlender::BlendPixel(VYRRasterBlendMode i_mode, uint32_t i_src, uint32_t i_dst) {
