@@ -9,6 +9,9 @@
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
+#if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
+#include <immintrin.h>
+#endif
 
 // Pixels are premultiplied 0xAARRGGBB. Channel helpers work on ints 0..255; the
 // Porter-Duff and simple separable modes stay in integers, the modes defined on
@@ -316,11 +319,81 @@ void BlendRowT<kSrcOver_VYRBlendMode>(uint32_t* io_dst, const uint32_t* i_src, c
     io_dst[i] = SrcOver(i_coverage ? Scale(i_src[i], i_coverage[i]) : i_src[i], io_dst[i]);
 }
 
+#if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
+#define VYR_RASTER_AVX2 1
+// Div255Lanes on sixteen lanes.
+__attribute__((target("avx2"))) inline __m256i Div255Lanes256(__m256i x) {
+  x = _mm256_add_epi16(x, _mm256_set1_epi16(128));
+  return _mm256_srli_epi16(_mm256_add_epi16(x, _mm256_srli_epi16(x, 8)), 8);
+}
+
+// The solid source-over below, eight pixels at a time on processors with AVX2 (same
+// arithmetic, so the same results). Returns how many leading pixels it blended.
+__attribute__((target("avx2"))) int SolidSrcOverAvx2(uint32_t* io_dst, uint32_t i_src, const uint8_t* i_coverage,
+                                                     int i_count) {
+  const __m256i zero = _mm256_setzero_si256();
+  const __m256i s8 = _mm256_set1_epi32(static_cast<int>(i_src));
+  const __m256i s16 = _mm256_unpacklo_epi8(s8, zero);
+  const __m256i inverseAlpha = _mm256_set1_epi16(static_cast<short>(255 - A(i_src)));
+  const __m256i alphaShuffle =
+      _mm256_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15, 6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15,
+                       14, 15, 14, 15);
+  const __m256i spread =
+      _mm256_setr_epi8(0, 0, 0, 0, 4, 4, 4, 4, 8, 8, 8, 8, 12, 12, 12, 12, 0, 0, 0, 0, 4, 4, 4, 4, 8, 8, 8, 8, 12, 12,
+                       12, 12);
+  const bool opaque = A(i_src) == 255;
+  int i = 0;
+  for (; i + 8 <= i_count; i += 8) {
+    if (i_coverage && i % 32 == 0 && i + 32 <= i_count &&
+        _mm256_testz_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_coverage + i)),
+                           _mm256_set1_epi8(-1))) {
+      i += 24;
+      continue;
+    }
+    uint64_t eight = ~uint64_t(0);
+    if (i_coverage) std::memcpy(&eight, i_coverage + i, 8);
+    if (eight == 0) continue;
+    __m256i* dst = reinterpret_cast<__m256i*>(io_dst + i);
+    if (eight == ~uint64_t(0) && opaque) {
+      _mm256_storeu_si256(dst, s8);
+      continue;
+    }
+    const __m256i d = _mm256_loadu_si256(dst);
+    const __m256i dLo = _mm256_unpacklo_epi8(d, zero), dHi = _mm256_unpackhi_epi8(d, zero);
+    __m256i lo, hi;
+    if (eight == ~uint64_t(0)) {
+      lo = _mm256_add_epi16(s16, Div255Lanes256(_mm256_mullo_epi16(dLo, inverseAlpha)));
+      hi = _mm256_add_epi16(s16, Div255Lanes256(_mm256_mullo_epi16(dHi, inverseAlpha)));
+    } else {
+      // Each pixel's coverage in its four bytes, then in 16-bit lanes in the pixels' order.
+      const __m256i c = _mm256_shuffle_epi8(
+          _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(&eight))), spread);
+      const __m256i sLo = Div255Lanes256(_mm256_mullo_epi16(s16, _mm256_unpacklo_epi8(c, zero)));
+      const __m256i sHi = Div255Lanes256(_mm256_mullo_epi16(s16, _mm256_unpackhi_epi8(c, zero)));
+      const __m256i kLo = _mm256_sub_epi16(_mm256_set1_epi16(255), _mm256_shuffle_epi8(sLo, alphaShuffle));
+      const __m256i kHi = _mm256_sub_epi16(_mm256_set1_epi16(255), _mm256_shuffle_epi8(sHi, alphaShuffle));
+      lo = _mm256_add_epi16(sLo, Div255Lanes256(_mm256_mullo_epi16(dLo, kLo)));
+      hi = _mm256_add_epi16(sHi, Div255Lanes256(_mm256_mullo_epi16(dHi, kHi)));
+    }
+    _mm256_storeu_si256(dst, _mm256_packus_epi16(lo, hi));
+  }
+  return i;
+}
+
+bool HasAvx2() {
+  static const bool has = __builtin_cpu_supports("avx2");
+  return has;
+}
+#endif
+
 // Source-over of one colour: its lanes are worked out once, fully covered groups skip
 // the coverage multiply, and the results equal BlendRowT's bit for bit.
 void SolidSrcOverRow(uint32_t* io_dst, uint32_t i_src, const uint8_t* i_coverage, int i_count) {
   if (A(i_src) == 0) return;  // a transparent source leaves every pixel as it is
   int i = 0;
+#if defined(VYR_RASTER_AVX2)
+  if (HasAvx2()) i = SolidSrcOverAvx2(io_dst, i_src, i_coverage, i_count);
+#endif
 #if defined(__SSE2__)
   const __m128i zero = _mm_setzero_si128();
   const __m128i s4 = _mm_set1_epi32(static_cast<int>(i_src));
