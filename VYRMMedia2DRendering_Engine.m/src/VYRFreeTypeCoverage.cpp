@@ -34,8 +34,11 @@ void WriteSpans(int i_y, int i_count, const FT_Span* i_spans, void* i_user) {
     if (from < to && i_spans[i].coverage != 0) {
       uint8_t* pixel = row + (from - mask->bounds.left);
       if (target->accumulate) {
-        for (int x = from; x < to; ++x, ++pixel)
-          *pixel = static_cast<uint8_t>(std::min(*pixel + i_spans[i].coverage, 255));
+        const unsigned coverage = i_spans[i].coverage;
+        for (int x = from; x < to; ++x, ++pixel) {
+          const unsigned sum = *pixel + coverage;
+          *pixel = static_cast<uint8_t>(sum > 255 ? 255 : sum);
+        }
       } else {
         std::memset(pixel, i_spans[i].coverage, static_cast<size_t>(to - from));
       }

@@ -293,11 +293,13 @@ void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRaste
       const uint8_t* coverage = i_pCoverage ? i_pCoverage->row(y) + (x0 - i_pCoverage->bounds.left) : nullptr;
       if (i_partialClip || scale != 255) {
         uint8_t* combined = _rowCoverage.data();
-        _clip.getRow(x0, y, count, combined);
-        if (coverage)
-          for (int i = 0; i < count; ++i) combined[i] = Mul255(combined[i], coverage[i]);
-        if (scale != 255)
-          for (int i = 0; i < count; ++i) combined[i] = Mul255(combined[i], scale);
+        const VYRRasterMask& clipMask = _clip.getMask();
+        const uint8_t* clipRow = _clip.isRect() ? nullptr : clipMask.row(y) + (x0 - clipMask.bounds.left);
+        for (int i = 0; i < count; ++i) {
+          int value = clipRow ? clipRow[i] : 255;
+          if (coverage) value = Mul255(value, coverage[i]);
+          combined[i] = scale != 255 ? Mul255(value, scale) : static_cast<uint8_t>(value);
+        }
         coverage = combined;
       }
       if (shader) {
