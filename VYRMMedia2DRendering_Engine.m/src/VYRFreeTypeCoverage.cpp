@@ -39,6 +39,8 @@ void WriteSpans(int i_y, int i_count, const FT_Span* i_spans, void* i_user) {
           const unsigned sum = *pixel + coverage;
           *pixel = static_cast<uint8_t>(sum > 255 ? 255 : sum);
         }
+      } else if (to - from == 1) {  // most spans are one edge pixel: no call for them
+        *pixel = i_spans[i].coverage;
       } else {
         std::memset(pixel, i_spans[i].coverage, static_cast<size_t>(to - from));
       }
