@@ -284,6 +284,12 @@ void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRaste
     const VYRRasterClip::Run covered = _clip.coveredRun(y);
     const int left = std::max(area.left, covered.left), right = std::min(area.right, covered.right);
     if (left >= right) continue;
+    if (y + 1 < area.bottom) {
+      // Small shapes touch short pieces of many rows, too short for the hardware to see
+      // coming: ask for the next row's piece while this one blends.
+      const char* next = reinterpret_cast<const char*>(dst.addr(left, y + 1));
+      for (int offset = 0; offset < (right - left) * 4; offset += 64) __builtin_prefetch(next + offset, 1);
+    }
     if (shader) shader->shadeRow(left, y, right - left, _rowSource.data());
     // Pixels x0 .. x1 - 1 with the shape's coverage (none: a flood), times the clip's where
     // it is partial, times the scale.
