@@ -38,6 +38,8 @@ class VYR_EXPORT VYR2DGStringStream : public VYRI2DGStream {
   void Unstream(unsigned char& o_value) override;
   void Unstream(char& o_value) override;
   char* Unstream(bool i_zeroTerminated) override;
+  void WriteBytes(const void* i_bytes, int i_length) override;
+  bool ReadBytes(void* o_destination, int i_length) override;
 
   virtual ~VYR2DGStringStream();
 
@@ -70,8 +72,6 @@ class VYR_EXPORT VYR2DGStringStream : public VYRI2DGStream {
   void ReadValue(T& o_value);
   // Writes w bytes taken from up to two pieces (a counted string is its length, then its bytes).
   void Write(const void* i_first, int i_firstLength, const void* i_second = nullptr, int i_secondLength = 0);
-  // Copies w bytes to the destination, or zeroes it and fails when they are not there.
-  bool Read(void* o_destination, int i_length);
   // Makes room for a total of i_requiredSize bytes; false when it cannot.
   bool StreamIncrease(long long i_requiredSize);
   // Takes the given bytes as the stream's whole readable content.

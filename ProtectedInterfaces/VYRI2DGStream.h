@@ -37,6 +37,14 @@ class VYR_EXPORT VYRI2DGStream {
   // Whether a read has gone past the end; such reads yield zero or null.
   virtual bool HasFailed() const { return false; }
 
+  // Raw bytes with no length before them, for runs of fixed-size values that
+  // are read or written together: one call instead of one per value. They
+  // give the same bytes as the values streamed one by one. ReadBytes skips
+  // the bytes when given no destination, and gives false (destination
+  // zeroed) when they are not all there.
+  virtual void WriteBytes(const void* i_bytes, int i_length);
+  virtual bool ReadBytes(void* o_destination, int i_length);
+
   // Whether a count read from the stream is plausible: not negative, and its
   // items, each at least i_bytesPerItem long, fit in what is left to read.
   bool CountFits(long long i_count, long long i_bytesPerItem) const {

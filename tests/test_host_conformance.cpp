@@ -138,7 +138,7 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
-    OpacityAndMasks, Conformance,
+    OpacityMasksAndClips, Conformance,
     ::testing::Values(Case{"painting/opacity/group-opacity", kShapes},
                       Case{"painting/opacity/mixed-group-opacity", kShapes},
                       Case{"painting/opacity/bBox-impact", kShapes},
@@ -150,7 +150,14 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"masking/mask/recursive-on-self", kShapes},
                       Case{"masking/mask/with-clip-path", kShapes},
                       Case{"masking/mask/with-image", kShapes},
-                      Case{"masking/mask/with-opacity-3", kShapes}),
+                      Case{"masking/mask/with-opacity-3", kShapes},
+                      Case{"masking/clipPath/mixed-clip-rule", kShapes},
+                      Case{"masking/clipPath/overlapped-shapes-with-evenodd", kShapes},
+                      Case{"masking/clipPath/clip-path-on-child-with-transform", kShapes},
+                      Case{"masking/clipPath/clip-path-on-self-2", kShapes},
+                      Case{"masking/clipPath/recursive-on-child", kShapes},
+                      Case{"masking/clipPath/switch-is-not-a-valid-child", kShapes},
+                      Case{"masking/clipPath/with-invalid-child-via-use", kShapes}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -163,7 +170,13 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"filters/filter/global-transform", kShapes},
                       Case{"filters/filter/transform-on-shape", kShapes},
                       Case{"filters/filter/with-mask", kShapes},
-                      Case{"filters/filter/multiple-primitives-4", kShapes}),
+                      Case{"filters/filter/multiple-primitives-4", kShapes},
+                      Case{"filters/feFlood/seagreen", kShapes},
+                      Case{"filters/filter/no-children", kShapes},
+                      Case{"filters/filter/invalid-FuncIRI", kShapes},
+                      Case{"filters/feFlood/with-opacity", kShapes},
+                      Case{"filters/flood-color/inheritance-3", kShapes},
+                      Case{"filters/flood-color/inheritance-5", kShapes}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -183,6 +196,18 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"structure/symbol/with-viewBox-and-custom-use-rect", kShapes},
                       Case{"structure/symbol/with-overflow-visible", kShapes}),
     CaseName);
+
+INSTANTIATE_TEST_SUITE_P(StyleSheets, Conformance,
+                         ::testing::Values(Case{"structure/style/class-selector", kShapes},
+                                           Case{"structure/style/combined-selectors", kShapes},
+                                           Case{"structure/style/important", kShapes},
+                                           Case{"structure/style/rule-specificity", kShapes},
+                                           Case{"structure/style/style-after-usage", kShapes},
+                                           Case{"structure/style/style-inside-CDATA", kShapes},
+                                           Case{"structure/style/transform", kShapes},
+                                           Case{"structure/use/cSS-rules", kShapes},
+                                           Case{"painting/marker/the-marker-property-in-CSS", kShapes}),
+                         CaseName);
 
 INSTANTIATE_TEST_SUITE_P(Text, Conformance,
                          ::testing::Values(Case{"text/font-size/simple-case", kText},

@@ -242,6 +242,49 @@ TEST(HostImport, ColoursInheritanceAndStyleAttribute) {
   EXPECT_EQ(pDashes[3], 1.0f);
 }
 
+// Rules cascade by specificity, then order; presentation attributes lose to
+// them, the style attribute beats them unless they are important.
+TEST(HostImport, StyleSheetRulesCascade) {
+  Imported doc(Svg("<rect width='1' height='1' fill='red' class='a b'/>"
+                   "<g id='outer'><g><rect id='r' width='1' height='1' class='a' style='fill:#000002'/></g></g>"
+                   "<rect width='1' height='1' x='5' transform='translate(1,0)'/>"
+                   "<style>/* a comment {fill:red} */ @media print { rect { fill: red } } @import url(x.css);"
+                   "  rect { fill: #000001 } .a.b { fill: #0000aa } .a { fill: #000003 }"
+                   "  #outer > g > rect { stroke: #000004 !important } g > g > rect { stroke: red }"
+                   "  [x='5'] { fill: #000005; transform: scale(2) } rect:first-child, rect + rect { fill: red }"
+                   "</style>"
+                   "<style type='text/other'>rect { fill: red !important }</style>"));
+  ASSERT_EQ(doc.ChildCount(), 3);
+  auto* pFirst = doc.Child<VYRPrtBaseShapeElt>(0);
+  ASSERT_NE(pFirst, nullptr);
+  EXPECT_EQ(doc.FillColour(pFirst), 0x0000aau);  // two classes beat one class and the type
+  auto* pGroup = doc.Child<VYRPrtGroupElt>(1);
+  ASSERT_NE(pGroup, nullptr);
+  auto* pInner = static_cast<VYRPrtGroupElt*>(pGroup->GetChild(0));
+  auto* pNested = static_cast<VYRPrtBaseShapeElt*>(pInner->GetChild(0));
+  EXPECT_EQ(doc.FillColour(pNested), 0x000002u);  // the style attribute wins over a rule
+  EXPECT_EQ(doc.Colour(pNested->GetStrokeAttributes().GetStrokeColorIndex()), 0x000004u);
+  auto* pLast = doc.Child<VYRPrtBaseShapeElt>(2);
+  ASSERT_NE(pLast, nullptr);
+  EXPECT_EQ(doc.FillColour(pLast), 0x000005u);
+  // A rule's transform replaces the attribute.
+  VYRMathPoint2D moved = Apply(pLast, 1.0, 1.0);
+  EXPECT_EQ(moved.x, 2.0);
+  EXPECT_EQ(moved.y, 2.0);
+}
+
+// A long chain of descendant selectors over a deep document ends quickly.
+TEST(HostImport, StyleSheetSelectorsNeverBacktrackWithoutEnd) {
+  std::string body;
+  for (int i = 0; i < 120; ++i) body += "<g>";
+  body += "<rect width='1' height='1'/>";
+  for (int i = 0; i < 120; ++i) body += "</g>";
+  std::string selector = "missing ";  // matches no ancestor, after every way of placing the rest was tried
+  for (int i = 0; i < 50; ++i) selector += "g * ";
+  Imported doc(Svg(body + "<style>" + selector + "rect { fill: red }</style>"));
+  EXPECT_TRUE(doc.Importer().Succeeded());
+}
+
 TEST(HostImport, DefaultPaintIsBlackFillWithoutStroke) {
   Imported doc(Svg("<rect width='1' height='1'/><rect width='1' height='1' fill='none'/>"));
   auto* pFirst = doc.Child<VYRPrtRectangleElt>(0);

@@ -3,6 +3,7 @@
 // dispatch, duplicated and reset.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <set>
 
 #include "AssertionCapture.h"
@@ -34,6 +35,52 @@ class EveryKind : public ::testing::TestWithParam<ElementKind> {
 };
 
 std::string KindName(const ::testing::TestParamInfo<ElementKind>& i_info) { return i_info.param.name; }
+
+// A host's own stream: only the fourteen value operations, over a byte vector.
+class HostStream : public VYRI2DGStream {
+ public:
+  std::vector<char> bytes;
+  size_t readAt = 0;
+
+  void Stream(float i_value) override { Put(i_value); }
+  void Stream(double i_value) override { Put(i_value); }
+  void Stream(unsigned int i_value) override { Put(i_value); }
+  void Stream(int i_value) override { Put(i_value); }
+  void Stream(unsigned char i_value) override { Put(i_value); }
+  void Stream(char i_value) override { Put(i_value); }
+  void Stream(const char* i_bytes, int i_length) override {
+    Put(i_length);
+    if (i_length > 0) bytes.insert(bytes.end(), i_bytes, i_bytes + i_length);
+  }
+  void Unstream(float& o_value) override { Take(o_value); }
+  void Unstream(double& o_value) override { Take(o_value); }
+  void Unstream(unsigned int& o_value) override { Take(o_value); }
+  void Unstream(int& o_value) override { Take(o_value); }
+  void Unstream(unsigned char& o_value) override { Take(o_value); }
+  void Unstream(char& o_value) override { Take(o_value); }
+  char* Unstream(bool i_zeroTerminated) override {
+    int length = 0;
+    Take(length);
+    if (length <= 0) return nullptr;
+    char* pText = new char[static_cast<size_t>(length) + (i_zeroTerminated ? 1 : 0)]();
+    for (int i = 0; i < length; ++i) Take(pText[i]);
+    return pText;
+  }
+
+ private:
+  template <class T>
+  void Put(T i_value) {
+    const char* p = reinterpret_cast<const char*>(&i_value);
+    bytes.insert(bytes.end(), p, p + sizeof(T));
+  }
+  template <class T>
+  void Take(T& o_value) {
+    o_value = T();
+    if (readAt + sizeof(T) > bytes.size()) return;
+    std::memcpy(&o_value, bytes.data() + readAt, sizeof(T));
+    readAt += sizeof(T);
+  }
+};
 
 }  // namespace
 
@@ -101,6 +148,21 @@ TEST_P(EveryKind, StreamRebuildsEveryFieldThroughTheTagDispatch) {
   // The references come back as elements of their own.
   EXPECT_NE(pRead->GetClipPath(), pSource->GetClipPath());
   EXPECT_EQ(pRead->GetFather(), nullptr);
+}
+
+// Records of several values go through a stream that only knows single
+// values one byte at a time, with the same bytes as the string stream's.
+TEST_P(EveryKind, HostStreamCarriesTheSameBytes) {
+  VYRPrtGraphicPrimitiveElt* pSource = GetParam().makeFilled();
+  std::vector<uint8_t> bytes = BytesOf(*pSource);
+  HostStream host;
+  pSource->Stream(&host);
+  EXPECT_EQ(std::vector<uint8_t>(host.bytes.begin(), host.bytes.end()), bytes);
+
+  VYRPrtGraphicPrimitiveElt* pRead = VYRPrtStreamUnstreamHelper::CreateVYRPrtGraphicPrimitiveEltFromStream(&host);
+  ASSERT_NE(pRead, nullptr);
+  EXPECT_EQ(host.readAt, host.bytes.size());
+  EXPECT_EQ(BytesOf(*pRead), bytes);
 }
 
 TEST_P(EveryKind, DuplicateFollowsTheRuleOfItsKind) {

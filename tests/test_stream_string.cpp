@@ -237,6 +237,26 @@ TEST(StringStream, CountedStringLongerThanTheStreamReadsNothing) {
   EXPECT_TRUE(cutLength.HasFailed());
 }
 
+TEST(StringStream, RawBytesHaveNoLengthAndFailWholeWhenShort) {
+  VYR2DGStringStream stream;
+  stream.WriteBytes("abc", 3);
+  stream.WriteBytes(nullptr, 0);
+  stream.Stream('d');
+  EXPECT_EQ(StreamBytes(stream), Hex("61 62 63 64"));
+
+  VYR2DGStringStream reader = ReadingStream(Hex("01 02 03 04 05"));
+  char two[2] = {};
+  EXPECT_TRUE(reader.ReadBytes(two, 2));
+  EXPECT_EQ(two[1], 2);
+  EXPECT_TRUE(reader.ReadBytes(nullptr, 1));  // skipped
+  char four[4] = {9, 9, 9, 9};
+  EXPECT_FALSE(reader.ReadBytes(four, 4));
+  EXPECT_EQ(std::string(four, 4), std::string(4, '\0'));
+  EXPECT_TRUE(reader.HasFailed());
+  reader.ClearFailure();
+  EXPECT_EQ(reader.GetReadableBytesLeft(), 2);  // the short read consumed nothing
+}
+
 TEST(StringStream, WrittenStreamHasNothingToReadUntilGivenItsBytes) {
   VYR2DGStringStream stream;
   stream.Stream(3);

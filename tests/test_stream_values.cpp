@@ -5,6 +5,7 @@
 #include "VYR2DGStringStream.h"
 #include "VYRPrtStreamUnstreamHelper.h"
 #include "VYRRawColldouble.h"
+#include "VYRUnicodeString.h"
 
 using Helper = VYRPrtStreamUnstreamHelper;
 
@@ -83,4 +84,32 @@ TEST(StreamValues, ColourMatrixWithAForeignCountIsRefused) {
   Helper::CreateVYR5X5ColorMatrixFromStream(matrix, &huge);
   EXPECT_EQ(matrix, VYR5X5ColorMatrix());
   EXPECT_FALSE(capture.FailedConditions().empty());
+}
+
+TEST(StreamValues, TextsEndAtTheirFirstZeroAndALengthBeyondTheStreamFails) {
+  const std::string longText(100, 'x');
+  VYR2DGStringStream stream;
+  Helper::SerializeVYRUnicodeString("short", &stream);
+  stream.Stream("ab\0cd", 5);
+  Helper::SerializeVYRUnicodeString(VYRUnicodeString(longText), &stream);
+  Helper::SerializeVYRUnicodeString("", &stream);
+  stream.Stream(50);  // a length with too few bytes after it
+  stream.Stream("tail", 4);
+
+  VYR2DGStringStream reader = ReadingStream(StreamBytes(stream));
+  VYRUnicodeString text("was here");
+  Helper::CreateVYRUnicodeStringFromStream(text, &reader);
+  EXPECT_EQ(text, "short");
+  Helper::CreateVYRUnicodeStringFromStream(text, &reader);
+  EXPECT_EQ(text, "ab");
+  EXPECT_EQ(reader.GetReadableBytesLeft(), 4 + 100 + 4 + 4 + 8);
+  Helper::CreateVYRUnicodeStringFromStream(text, &reader);
+  EXPECT_EQ(text.GetStdString(), longText);
+  Helper::CreateVYRUnicodeStringFromStream(text, &reader);
+  EXPECT_TRUE(text.IsEmpty());
+  EXPECT_FALSE(reader.HasFailed());
+  text = "was here";
+  Helper::CreateVYRUnicodeStringFromStream(text, &reader);
+  EXPECT_TRUE(text.IsEmpty());
+  EXPECT_TRUE(reader.HasFailed());
 }

@@ -1,6 +1,7 @@
 #include "VYRSvgImporter.h"
 
 #include <cmath>
+#include <cstdio>
 #include <fstream>
 #include <sstream>
 
@@ -52,15 +53,6 @@ K* Create() {
   return VYRPrtEltFactory::Get().CreateElement<K>();
 }
 
-// The local name of an element: "svg:rect" and "rect" are both "rect".
-std::string LocalName(const VYRIDOMNode_var& i_node) {
-  VYRUnicodeString name;
-  i_node.GetNodeName(name);
-  const std::string text = name.GetStdString();
-  const size_t colon = text.find(':');
-  return colon == std::string::npos ? text : text.substr(colon + 1);
-}
-
 std::vector<VYRIDOMElement_var> ChildElements(const VYRIDOMNode_var& i_node) {
   std::vector<VYRIDOMElement_var> children;
   VYRIDOMNode_var child;
@@ -89,7 +81,7 @@ void CollectText(const VYRIDOMNode_var& i_node, std::string& io_text, int i_dept
       child.GetNodeValue(value);
       io_text += value.GetStdString();
     } else if (type == VYR_DOM_ELEMENT_NODE) {
-      const std::string name = LocalName(child);
+      const std::string name = VYRSvgLocalName(child);
       if (name == "tspan" || name == "a") CollectText(child, io_text, i_depth + 1);
     }
     VYRIDOMNode_var next;
@@ -114,6 +106,11 @@ std::string CollapseSpaces(const std::string& i_text) {
 
 unsigned char OpacityByte(double i_opacity) { return static_cast<unsigned char>(i_opacity * 255.0 + 0.5); }
 
+bool IsShapeName(const std::string& i_name) {
+  return i_name == "rect" || i_name == "circle" || i_name == "ellipse" || i_name == "line" || i_name == "polyline" ||
+         i_name == "polygon" || i_name == "path";
+}
+
 bool IsResourceName(const std::string& i_name) {
   return i_name == "linearGradient" || i_name == "radialGradient" || i_name == "pattern" ||
          i_name == "clipPath" || i_name == "mask" || i_name == "marker" || i_name == "filter";
@@ -137,6 +134,7 @@ void VYRSvgImporter::Reset() {
   _resources.clear();
   _inProgress.clear();
   _colourIndexes.clear();
+  _styleSheet = VYRSvgStyleSheet();
   _pColours = nullptr;
   _rootContext = Context();
 }
@@ -164,12 +162,18 @@ VYRPrtModel* VYRSvgImporter::ImportBuffer(const std::string& i_text) {
     Report("the document is not well-formed XML");
     return pModel;
   }
-  if (LocalName(root) != "svg") {
-    Report("the root element is <" + LocalName(root) + ">, not <svg>");
+  if (VYRSvgLocalName(root) != "svg") {
+    Report("the root element is <" + VYRSvgLocalName(root) + ">, not <svg>");
     return pModel;
   }
   std::vector<VYRIDOMElement_var> ancestors;
   IndexIDs(root, ancestors);
+  // Style sheets apply wherever they stand, so all are read before any match.
+  if (!_styleSheet.IsEmpty()) {
+    ancestors.clear();
+    _styleSheet.Match(root, ancestors);
+    MatchStyleRules(root, ancestors);
+  }
   if (VYRPrtImageElt* pImage = ImportRoot(root)) {
     pModel->AddImage(pImage);
     _succeeded = true;
@@ -188,12 +192,32 @@ void VYRSvgImporter::IndexIDs(const VYRIDOMNode_var& i_node, std::vector<VYRIDOM
     const std::string id = Attribute(child, "id");
     if (!id.empty() && _domByID.find(id) == _domByID.end()) {
       _domByID[id] = child;
-      if (IsResourceName(LocalName(child))) _resourceAncestors[id] = io_ancestors;
+      if (IsResourceName(VYRSvgLocalName(child))) _resourceAncestors[id] = io_ancestors;
     }
+    if (VYRSvgLocalName(child) == "style") AddStyleSheet(child);
     io_ancestors.push_back(child);
     IndexIDs(child, io_ancestors);
     io_ancestors.pop_back();
   }
+}
+
+void VYRSvgImporter::AddStyleSheet(const VYRIDOMElement_var& i_style) {
+  const std::string type = VYRSvgValues::Trim(Attribute(i_style, "type"));
+  if (!type.empty() && type != "text/css") return;
+  std::string text;
+  CollectText(i_style, text, 0);
+  _styleSheet.AddRules(text);
+}
+
+void VYRSvgImporter::MatchStyleRules(const VYRIDOMElement_var& i_element,
+                                     std::vector<VYRIDOMElement_var>& io_ancestors) {
+  if (io_ancestors.size() > kMaximumDepth) return;
+  io_ancestors.push_back(i_element);
+  for (const VYRIDOMElement_var& child : ChildElements(i_element)) {
+    _styleSheet.Match(child, io_ancestors);
+    MatchStyleRules(child, io_ancestors);
+  }
+  io_ancestors.pop_back();
 }
 
 VYRPrtImageElt* VYRSvgImporter::ImportRoot(const VYRIDOMElement_var& i_root) {
@@ -225,7 +249,7 @@ VYRPrtImageElt* VYRSvgImporter::ImportRoot(const VYRIDOMElement_var& i_root) {
   pImage->SetColorTable(_pColours);
   ColourIndex(VYRSvgColor());  // black at index 0: what a new shape fills with
 
-  context.style.Apply(i_root, context.lengths, _messages);
+  context.style.Apply(i_root, _styleSheet, context.lengths, _messages);
   if (viewBox.HasViewBox()) {
     context.lengths.viewportWidth = vbWidth;
     context.lengths.viewportHeight = vbHeight;
@@ -248,7 +272,7 @@ VYRPrtImageElt* VYRSvgImporter::ImportRoot(const VYRIDOMElement_var& i_root) {
 void VYRSvgImporter::ImportChildren(const VYRIDOMElement_var& i_element, VYRPrtNodeTreeElt& io_node,
                                     const Context& i_context, int i_depth) {
   for (const VYRIDOMElement_var& child : ChildElements(i_element)) {
-    const std::string name = LocalName(child);
+    const std::string name = VYRSvgLocalName(child);
     if (name == "title" || name == "desc") {
       VYRUnicodeString text;
       MMParsingTools::GetValue(child, text);
@@ -267,7 +291,7 @@ void VYRSvgImporter::ImportChildren(const VYRIDOMElement_var& i_element, VYRPrtN
 
 VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_var& i_element, const Context& i_parent,
                                                          int i_depth) {
-  const std::string name = LocalName(i_element);
+  const std::string name = VYRSvgLocalName(i_element);
   if (i_depth > kMaximumDepth) {
     Report("<" + name + "> is nested too deeply and is skipped");
     return nullptr;
@@ -279,11 +303,16 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
     return ImportResource(name, i_element, i_parent, i_depth);
   }
 
+  // A clip path is made of shapes and text, directly or through use.
+  if (i_parent.insideClipPath && !IsShapeName(name) && name != "text" && name != "use") {
+    Report("<" + name + "> cannot shape a clip path");
+    return nullptr;
+  }
   Context context;
   context.style = i_parent.style.Inherited();
   context.lengths = i_parent.lengths;
   context.insideClipPath = i_parent.insideClipPath;
-  context.style.Apply(i_element, context.lengths, _messages);
+  context.style.Apply(i_element, _styleSheet, context.lengths, _messages);
   if (!context.style.displayed) return nullptr;
 
   VYRPrtGraphicPrimitiveElt* pElt = nullptr;
@@ -336,8 +365,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
     pElt = ImportText(i_element, context);
   } else if (name == "image") {
     pElt = ImportBitmap(i_element, context);
-  } else if (name == "rect" || name == "circle" || name == "ellipse" || name == "line" || name == "polyline" ||
-             name == "polygon" || name == "path") {
+  } else if (IsShapeName(name)) {
     pElt = ImportShape(name, i_element, context);
   } else {
     if (name != "metadata" && name != "style" && name != "script") Report("<" + name + "> is not supported");
@@ -409,10 +437,12 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
   _inProgress.insert("use:" + id);
   const VYRIDOMElement_var& target = found->second;
   VYRPrtGraphicPrimitiveElt* pContent = nullptr;
-  if (LocalName(target) == "symbol" || LocalName(target) == "svg") {
+  if (i_context.insideClipPath && (VYRSvgLocalName(target) == "symbol" || VYRSvgLocalName(target) == "svg")) {
+    Report("<" + VYRSvgLocalName(target) + "> cannot shape a clip path");
+  } else if (VYRSvgLocalName(target) == "symbol" || VYRSvgLocalName(target) == "svg") {
     Context context = i_context;
     context.style = i_context.style.Inherited();
-    context.style.Apply(target, context.lengths, _messages);
+    context.style.Apply(target, _styleSheet, context.lengths, _messages);
     const double width = Length(i_element, "width", i_context, VYRSvgLengthAxis::eX,
                                 Length(target, "width", i_context, VYRSvgLengthAxis::eX, i_context.lengths.viewportWidth));
     const double height = Length(i_element, "height", i_context, VYRSvgLengthAxis::eY,
@@ -422,7 +452,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
   } else {
     pContent = ImportElement(target, i_context, i_depth + 1);
     // A resource is not drawn where it is used.
-    if (pContent != nullptr && IsResourceName(LocalName(target))) pContent = nullptr;
+    if (pContent != nullptr && IsResourceName(VYRSvgLocalName(target))) pContent = nullptr;
   }
   _inProgress.erase("use:" + id);
   auto* pGroup = Create<VYRPrtGroupElt>();
@@ -436,7 +466,7 @@ void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Cont
   io_elt.SetID(VYRUnicodeString(Attribute(i_element, "id")));
   VYRPrtTransformAttributes transform = TransformAttribute(i_element, "transform");
   // A use element's position comes after its transform.
-  if (LocalName(i_element) == "use") {
+  if (VYRSvgLocalName(i_element) == "use") {
     transform.AddTranslation(VYRMathVector2D(Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0),
                                              Length(i_element, "y", i_context, VYRSvgLengthAxis::eY, 0.0)));
   }
@@ -444,15 +474,7 @@ void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Cont
   io_elt.SetVisibility(i_context.style.visible ? 1 : 0);
   io_elt.SetOpacity(OpacityByte(i_context.style.opacity));
   const VYRSvgStyle& style = i_context.style;
-  if (!style.clipPathID.empty()) {
-    io_elt.SetClipPathID(VYRUnicodeString(style.clipPathID));
-    VYRPrtGraphicPrimitiveElt* pClip = Resource(style.clipPathID);
-    if (pClip != nullptr && pClip->GetStreamType() == kStreamTypeClipPathElt) {
-      io_elt.SetClipPath(static_cast<VYRPrtClipPathElt*>(pClip));
-    } else {
-      Report("missing clip path \"" + style.clipPathID + "\"");
-    }
-  }
+  LinkClipPath(style, io_elt);
   if (!style.maskID.empty()) {
     io_elt.SetMaskID(VYRUnicodeString(style.maskID));
     VYRPrtGraphicPrimitiveElt* pMask = Resource(style.maskID);
@@ -468,8 +490,21 @@ void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Cont
     if (pFilter != nullptr && pFilter->GetStreamType() == kStreamTypeFilterContainerElt) {
       io_elt.SetFilter(static_cast<VYRPrtFilterContainerElt*>(pFilter));
     } else {
+      // Drawn unfiltered it would show what the filter was to change: it is not drawn.
       Report("missing filter \"" + style.filterID + "\"");
+      io_elt.SetVisibility(0);
     }
+  }
+}
+
+void VYRSvgImporter::LinkClipPath(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt) {
+  if (i_style.clipPathID.empty()) return;
+  io_elt.SetClipPathID(VYRUnicodeString(i_style.clipPathID));
+  VYRPrtGraphicPrimitiveElt* pClip = Resource(i_style.clipPathID);
+  if (pClip != nullptr && pClip->GetStreamType() == kStreamTypeClipPathElt) {
+    io_elt.SetClipPath(static_cast<VYRPrtClipPathElt*>(pClip));
+  } else {
+    Report("missing clip path \"" + i_style.clipPathID + "\"");
   }
 }
 
@@ -829,7 +864,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::Resource(const std::string& i_id) {
   auto cached = _resources.find(i_id);
   if (cached != _resources.end()) return cached->second;
   auto found = _domByID.find(i_id);
-  if (found == _domByID.end() || !IsResourceName(LocalName(found->second))) return nullptr;
+  if (found == _domByID.end() || !IsResourceName(VYRSvgLocalName(found->second))) return nullptr;
   // A resource that refers to itself while being read gets nothing.
   if (!_inProgress.insert(i_id).second) {
     Report("\"" + i_id + "\" refers to itself");
@@ -839,9 +874,9 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::Resource(const std::string& i_id) {
   Context context = _rootContext;
   for (const VYRIDOMElement_var& ancestor : _resourceAncestors[i_id]) {
     context.style = context.style.Inherited();
-    context.style.Apply(ancestor, context.lengths, _messages);
+    context.style.Apply(ancestor, _styleSheet, context.lengths, _messages);
   }
-  VYRPrtGraphicPrimitiveElt* pElt = ImportResource(LocalName(found->second), found->second, context, 1);
+  VYRPrtGraphicPrimitiveElt* pElt = ImportResource(VYRSvgLocalName(found->second), found->second, context, 1);
   _inProgress.erase(i_id);
   _resources[i_id] = pElt;
   return pElt;
@@ -853,7 +888,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
   Context context;
   context.style = i_parent.style.Inherited();
   context.lengths = i_parent.lengths;
-  context.style.Apply(i_element, context.lengths, _messages);
+  context.style.Apply(i_element, _styleSheet, context.lengths, _messages);
   VYRPrtGraphicPrimitiveElt* pElt = nullptr;
   if (i_name == "linearGradient" || i_name == "radialGradient") {
     pElt = ImportGradient(i_name, i_element, context);
@@ -865,6 +900,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
     pClip->SetUnits(Units(Attribute(i_element, "clipPathUnits"), MM2D::UnitUserSpaceOnUse));
     pClip->SetClipRule(context.style.clipRule);
     pClip->SetTransformAttributes(TransformAttribute(i_element, "transform"));
+    LinkClipPath(context.style, *pClip);  // a clip path may be clipped in turn
     context.insideClipPath = true;
     ImportChildren(i_element, *pClip, context, i_depth);
     pElt = pClip;
@@ -951,7 +987,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportGradient(const std::string& i_n
   // Coordinates come only from gradients of the same kind.
   std::vector<VYRIDOMElement_var> sameKind;
   for (const VYRIDOMElement_var& element : chain) {
-    if (LocalName(element) == i_name) sameKind.push_back(element);
+    if (VYRSvgLocalName(element) == i_name) sameKind.push_back(element);
   }
   auto read = [&](const char* i_attribute, VYRSvgLengthAxis i_axis, double i_default) {
     const VYRIDOMElement_var& element = Holder(sameKind, i_attribute);
@@ -995,10 +1031,10 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportGradient(const std::string& i_n
   // The stops of the nearest element of the chain that has any.
   for (const VYRIDOMElement_var& element : chain) {
     for (const VYRIDOMElement_var& child : ChildElements(element)) {
-      if (LocalName(child) != "stop") continue;
+      if (VYRSvgLocalName(child) != "stop") continue;
       VYRSvgStyle style = i_context.style.Inherited();
       VYRSvgLengthContext lengths = i_context.lengths;
-      style.Apply(child, lengths, _messages);
+      style.Apply(child, _styleSheet, lengths, _messages);
       auto* pStop = Create<VYRPrtGradientStopElt>();
       if (!VYR_CHECK_POINTER(pStop)) break;
       const double offset = Fraction(child, "offset", 0.0);
@@ -1026,7 +1062,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
 
   const bool primitiveBoxUnits = pFilter->GetPrimitiveUnits() == MM2D::UnitObjectBoundingBox;
   for (const VYRIDOMElement_var& child : ChildElements(i_element)) {
-    const std::string name = LocalName(child);
+    const std::string name = VYRSvgLocalName(child);
     VYRPrtFilterBaseElt* pPrimitive = nullptr;
     std::vector<double> numbers;
     if (name == "feGaussianBlur") {
@@ -1047,6 +1083,22 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
         pMatrix->SetValues(VYRUnicodeString(Attribute(child, "values")));
       }
       pPrimitive = pMatrix;
+    } else if (name == "feFlood") {
+      // A colour matrix that ignores its input gives the flood colour over
+      // the whole region.
+      auto* pMatrix = Create<VYRPrtFilterColorMatrixElt>();
+      if (pMatrix != nullptr) {
+        VYRSvgStyle style = i_context.style.Inherited();
+        VYRSvgLengthContext lengths = i_context.lengths;
+        style.Apply(child, _styleSheet, lengths, _messages);
+        char values[160];
+        std::snprintf(values, sizeof values, "0 0 0 0 %.6g 0 0 0 0 %.6g 0 0 0 0 %.6g 0 0 0 0 %.6g",
+                      style.floodColor.red / 255.0, style.floodColor.green / 255.0, style.floodColor.blue / 255.0,
+                      style.floodOpacity);
+        pMatrix->SetType(MMParsingTools::StringToColorMatrixType("matrix"));
+        pMatrix->SetValues(VYRUnicodeString(values));
+      }
+      pPrimitive = pMatrix;
     } else if (name == "feBlend") {
       auto* pBlend = Create<VYRPrtFilterBlendElt>();
       if (pBlend != nullptr) {
@@ -1064,7 +1116,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
       auto* pMerge = Create<VYRPrtFilterMergeElt>();
       if (pMerge != nullptr) {
         for (const VYRIDOMElement_var& node : ChildElements(child)) {
-          if (LocalName(node) != "feMergeNode") continue;
+          if (VYRSvgLocalName(node) != "feMergeNode") continue;
           auto* pNode = Create<VYRPrtFilterMergeNodeElt>();
           if (pNode == nullptr) break;
           pNode->SetInput(VYRUnicodeString(Attribute(node, "in")));
@@ -1097,7 +1149,9 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
 VYRPrtTransformAttributes VYRSvgImporter::TransformAttribute(const VYRIDOMElement_var& i_element,
                                                              const char* i_name) {
   VYRPrtTransformAttributes transform;
-  const std::string text = Attribute(i_element, i_name);
+  // A style rule's transform property wins over the attribute.
+  const std::string* pRuleValue = _styleSheet.FindValue(i_element, i_name);
+  const std::string text = pRuleValue ? *pRuleValue : Attribute(i_element, i_name);
   if (!text.empty() && !VYRSvgValues::ParseTransformList(text, transform)) {
     Report("ignored " + std::string(i_name) + " \"" + text + "\"");
   }
@@ -1109,7 +1163,7 @@ std::vector<VYRIDOMElement_var> VYRSvgImporter::HrefChain(const VYRIDOMElement_v
   std::vector<VYRIDOMElement_var> chain{i_element};
   while (chain.size() < 16) {
     auto found = _domByID.find(HrefID(chain.back()));
-    if (found == _domByID.end() || i_names.count(LocalName(found->second)) == 0) break;
+    if (found == _domByID.end() || i_names.count(VYRSvgLocalName(found->second)) == 0) break;
     chain.push_back(found->second);
   }
   return chain;

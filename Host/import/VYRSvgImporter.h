@@ -60,6 +60,9 @@ class VYRSvgImporter {
   void Report(const std::string& i_message) { _messages.push_back(i_message); }
   bool CountElement();
   void IndexIDs(const VYRIDOMNode_var& i_node, std::vector<VYRIDOMElement_var>& io_ancestors);
+  void AddStyleSheet(const VYRIDOMElement_var& i_style);
+  // Works out what the style rules give each element below i_element.
+  void MatchStyleRules(const VYRIDOMElement_var& i_element, std::vector<VYRIDOMElement_var>& io_ancestors);
   VYRPrtImageElt* ImportRoot(const VYRIDOMElement_var& i_root);
 
   // The element for one DOM element, or null when it draws nothing or is not read.
@@ -88,6 +91,8 @@ class VYRSvgImporter {
   VYRPrtGraphicPrimitiveElt* ImportFilter(const VYRIDOMElement_var& i_element, const Context& i_context);
 
   // The common attributes: identifier, transform, visibility, opacity, clip path, mask, filter.
+  // Points the element at the clip path its style names, reporting one that is missing.
+  void LinkClipPath(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt);
   void ApplyCommon(const VYRIDOMElement_var& i_element, const Context& i_context, VYRPrtGraphicPrimitiveElt& io_elt);
   void ApplyPaint(const Context& i_context, VYRPrtGraphicPrimitiveElt& io_shape);
   VYRPrtFillAttributes MakeFill(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape);
@@ -121,6 +126,7 @@ class VYRSvgImporter {
   bool _succeeded = false;
   int _elementCount = 0;
   std::map<std::string, VYRIDOMElement_var> _domByID;
+  VYRSvgStyleSheet _styleSheet;
   // The elements between the root and each resource, outermost first.
   std::map<std::string, std::vector<VYRIDOMElement_var>> _resourceAncestors;
   std::map<std::string, VYRPrtGraphicPrimitiveElt*> _resources;

@@ -77,25 +77,6 @@ bool ParseDashes(const std::string& i_text, const VYRSvgLengthContext& i_lengths
 
 }  // namespace
 
-std::vector<std::pair<std::string, std::string>> VYRSvgParseStyleAttribute(const std::string& i_text) {
-  std::vector<std::pair<std::string, std::string>> declarations;
-  size_t position = 0;
-  while (position < i_text.size()) {
-    size_t end = i_text.find(';', position);
-    if (end == std::string::npos) end = i_text.size();
-    const std::string declaration = i_text.substr(position, end - position);
-    const size_t colon = declaration.find(':');
-    if (colon != std::string::npos) {
-      std::string value = VYRSvgValues::Trim(declaration.substr(colon + 1));
-      const size_t important = value.find("!important");
-      if (important != std::string::npos) value = VYRSvgValues::Trim(value.substr(0, important));
-      declarations.emplace_back(VYRSvgValues::Trim(declaration.substr(0, colon)), value);
-    }
-    position = end + 1;
-  }
-  return declarations;
-}
-
 VYRSvgStyle VYRSvgStyle::Inherited() const {
   VYRSvgStyle child = *this;
   const VYRSvgStyle initial;
@@ -106,6 +87,8 @@ VYRSvgStyle VYRSvgStyle::Inherited() const {
   child.filterID.clear();
   child.parentStopColor = stopColor;
   child.parentStopOpacity = stopOpacity;
+  child.parentFloodColor = floodColor;
+  child.parentFloodOpacity = floodOpacity;
   child.stopColor = initial.stopColor;
   child.stopOpacity = initial.stopOpacity;
   child.floodColor = initial.floodColor;
@@ -118,11 +101,14 @@ bool VYRSvgStyle::ApplyProperty(const std::string& i_name, const std::string& i_
   const std::string value = VYRSvgValues::Trim(i_value);
   const std::string& n = i_name;
   // "inherit" keeps the inherited value, which the style already holds for
-  // inherited properties; of the others, the stop's take their parent's
-  // value, and the rest, which this cascade does not keep, stay initial.
+  // inherited properties; of the others, the stop and flood ones take their
+  // parent's value, and the rest, which this cascade does not keep, stay
+  // initial.
   if (value == "inherit") {
     if (n == "stop-color") stopColor = parentStopColor;
     if (n == "stop-opacity") stopOpacity = parentStopOpacity;
+    if (n == "flood-color") floodColor = parentFloodColor;
+    if (n == "flood-opacity") floodOpacity = parentFloodOpacity;
     return true;
   }
   if (n == "color") return ParseColorProperty(value, color, color);
@@ -223,18 +209,25 @@ bool VYRSvgStyle::ApplyProperty(const std::string& i_name, const std::string& i_
   return true;  // properties the importer does not use
 }
 
-void VYRSvgStyle::Apply(const VYRIDOMElement_var& i_element, VYRSvgLengthContext& io_lengths,
-                        std::vector<std::string>& io_messages) {
+void VYRSvgStyle::Apply(const VYRIDOMElement_var& i_element, const VYRSvgStyleSheet& i_sheet,
+                        VYRSvgLengthContext& io_lengths, std::vector<std::string>& io_messages) {
   std::vector<std::pair<std::string, std::string>> declarations;
   for (const char* pName : kPropertyNames) {
     VYRUnicodeString value;
     if (VYRSucceeded(i_element.GetAttribute(pName, value))) declarations.emplace_back(pName, value.GetStdString());
   }
+  const VYRSvgStyleSheet::Cascade* pRules = i_sheet.Find(i_element);
+  if (pRules) {
+    for (const VYRSvgDeclaration& rule : pRules->normal) declarations.emplace_back(rule.name, rule.value);
+  }
   VYRUnicodeString styleText;
   if (VYRSucceeded(i_element.GetAttribute("style", styleText))) {
-    for (const auto& declaration : VYRSvgParseStyleAttribute(styleText.GetStdString())) {
-      declarations.push_back(declaration);
+    for (const VYRSvgDeclaration& declaration : VYRSvgParseDeclarations(styleText.GetStdString())) {
+      declarations.emplace_back(declaration.name, declaration.value);
     }
+  }
+  if (pRules) {
+    for (const VYRSvgDeclaration& rule : pRules->important) declarations.emplace_back(rule.name, rule.value);
   }
   // The font size first: em lengths of the same element depend on it.
   for (const auto& declaration : declarations) {

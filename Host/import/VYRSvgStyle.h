@@ -7,6 +7,7 @@
 #include "VYR2DGDrawingEnums.h"
 #include "VYRPrtFillAttributes.h"
 #include "VYRPrtTextAttributes.h"
+#include "VYRSvgStyleSheet.h"
 #include "VYRSvgValues.h"
 
 class VYRIDOMElement_var;
@@ -43,10 +44,12 @@ struct VYRSvgStyle {
   double stopOpacity = 1.0;
   VYRSvgColor floodColor;
   double floodOpacity = 1.0;
-  // The parent's stop colour and opacity, which "inherit" takes although
-  // they are not inherited otherwise.
+  // The parent's stop and flood colours and opacities, which "inherit"
+  // takes although they are not inherited otherwise.
   VYRSvgColor parentStopColor;
   double parentStopOpacity = 1.0;
+  VYRSvgColor parentFloodColor;
+  double parentFloodOpacity = 1.0;
 
   static VYRSvgPaint BlackPaint() {
     VYRSvgPaint paint;
@@ -58,16 +61,14 @@ struct VYRSvgStyle {
   // properties kept, the others back to their initial values.
   VYRSvgStyle Inherited() const;
 
-  // Applies the element's presentation attributes, then its style
-  // attribute. Lengths use i_lengths, whose font size is this style's own
-  // once font-size is read. Values that do not parse are skipped and named
-  // in io_messages.
-  void Apply(const VYRIDOMElement_var& i_element, VYRSvgLengthContext& io_lengths,
+  // Applies the element's presentation attributes, then what the style
+  // sheet's rules give it, then its style attribute, then the rules'
+  // important declarations. Lengths use i_lengths, whose font size is this
+  // style's own once font-size is read. Values that do not parse are
+  // skipped and named in io_messages.
+  void Apply(const VYRIDOMElement_var& i_element, const VYRSvgStyleSheet& i_sheet, VYRSvgLengthContext& io_lengths,
              std::vector<std::string>& io_messages);
 
   // One property by name; false when the value does not parse.
   bool ApplyProperty(const std::string& i_name, const std::string& i_value, const VYRSvgLengthContext& i_lengths);
 };
-
-// The declarations of a style attribute, "name: value; ...", in order.
-std::vector<std::pair<std::string, std::string>> VYRSvgParseStyleAttribute(const std::string& i_text);

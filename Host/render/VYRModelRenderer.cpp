@@ -90,12 +90,16 @@ const VYRPrtMarkerReferences* MarkersOf(VYRPrtGraphicPrimitiveElt* i_pElt) {
 
 // What a shape, line or text element paints with.
 struct ShapePaint {
-  explicit ShapePaint(VYRPrtGraphicPrimitiveElt* i_pElt) {
+  explicit ShapePaint(VYRPrtGraphicPrimitiveElt* i_pElt, bool i_clipCoverage = false) {
     if (i_pElt->GetStreamType() == kStreamTypeLineElt) {
       pStroke = &static_cast<VYRPrtLineElt*>(i_pElt)->GetStrokeAttributes();
     } else if (auto* pShape = dynamic_cast<VYRPrtBaseShapeElt*>(i_pElt)) {
       pFill = &pShape->GetFillAttributes();
       pStroke = &pShape->GetStrokeAttributes();
+    }
+    if (i_clipCoverage) {  // the geometry counts, not the paint
+      hasFill = pFill != nullptr;
+      return;
     }
     const bool hasPattern = i_pElt->GetPattern() != nullptr;
     const int fillStyle = pFill != nullptr ? pFill->GetFillStyle() : kHostFillNone;
@@ -255,11 +259,24 @@ void VYRModelRenderer::DrawNode(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& 
   if (i_depth > 0 && IsDrawnWhereUsed(i_pElt->GetStreamType())) return;
   _drawing.Save(kSaveMatrixAndClip);
   _drawing.AddTransform(VYR3x3Matrix(MatrixOf(i_pElt->GetTransformAttributes())));
-  if (ApplyClipPath(i_pElt)) DrawComposited(i_pElt, i_paint, i_depth);
+  VYRPrtClipPathElt* pClip = i_pElt->GetClipPath();
+  if (pClip != nullptr && NeedsClipLayer(pClip)) {
+    if (_inUse.count(pClip) == 0 && _drawing.SaveLayer() >= 0) {  // a clip inside itself clips everything away
+      DrawComposited(i_pElt, i_paint, i_depth);
+      DrawClipLayer(i_pElt, pClip, i_paint, i_depth);
+      _drawing.Restore(-1);
+    }
+  } else if (ApplyClipPath(i_pElt)) {
+    DrawComposited(i_pElt, i_paint, i_depth);
+  }
   _drawing.Restore(-1);
 }
 
 void VYRModelRenderer::DrawComposited(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint, int i_depth) {
+  if (i_paint.clipCoverage) {  // opacity, masks and filters do not shape a clip
+    DrawContent(i_pElt, i_paint, i_depth);
+    return;
+  }
   VYRPrtFilterContainerElt* pFilter = i_pElt->GetFilter();
   VYRPrtMaskElt* pMask = i_pElt->GetMask();
   if (pMask != nullptr && _inUse.count(pMask) != 0) pMask = nullptr;
@@ -269,6 +286,8 @@ void VYRModelRenderer::DrawComposited(VYRPrtGraphicPrimitiveElt* i_pElt, const P
   const bool opacityLayer = opacity < 1.0 && (pFilter != nullptr || pMask != nullptr || PaintsOverItself(i_pElt));
   Paint paint = i_paint;
   if (!opacityLayer) paint.alpha *= opacity;
+  // A filter without primitives leaves nothing of what it filters.
+  if (pFilter != nullptr && pFilter->GetChildArray().GetLength() == 0) return;
   if (pFilter != nullptr) {
     VYR2DGRect region;
     if (!EffectArea(i_pElt, pFilter->GetRegion(), pFilter->GetUnits(), region)) return;
@@ -312,7 +331,7 @@ void VYRModelRenderer::DrawContent(VYRPrtGraphicPrimitiveElt* i_pElt, const Pain
     return;
   }
   DrawShape(i_pElt, i_paint);
-  if (HasMarkers(i_pElt)) {
+  if (!i_paint.clipCoverage && HasMarkers(i_pElt)) {
     VYRHostPath outline;
     if (outline.BuildFrom(i_pElt)) DrawMarkers(i_pElt, outline, i_paint, i_depth);
   }
@@ -362,7 +381,7 @@ void VYRModelRenderer::EmitPath(const VYRHostPath& i_path) {
 void VYRModelRenderer::DrawShape(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& i_paint) {
   VYRHostPath outline;
   if (!outline.BuildFrom(i_pElt) || outline.IsEmpty()) return;
-  const ShapePaint shapePaint(i_pElt);
+  const ShapePaint shapePaint(i_pElt, i_paint.clipCoverage);
   const VYRPrintFillMode fillMode = shapePaint.hasFill ? PrepareFill(i_pElt, *shapePaint.pFill, i_paint) : eFillModeNone;
   const VYRPrintEdgeMode strokeMode =
       shapePaint.hasStroke ? PrepareStroke(i_pElt, *shapePaint.pStroke, i_paint) : eEdgeModeNone;
@@ -390,6 +409,10 @@ VYRPrintFillMode VYRModelRenderer::PrepareFill(VYRPrtGraphicPrimitiveElt* i_pElt
   const float alpha = static_cast<float>(i_paint.alpha * i_fill.GetFillOpacity() / 255.0);
   // Shaders set while the stroke mode is a shader's go to the stroke.
   _drawing.SetStrokeMode(eEdgeModeColor);
+  if (i_paint.clipCoverage) {
+    _drawing.SetFillColor(1.0f, 1.0f, 1.0f, 1.0f);
+    return eFillModeColor;
+  }
   switch (static_cast<int>(i_fill.GetFillStyle())) {
     case kHostFillGradient:
       if (i_fill.GetGradient() == nullptr) return eFillModeNone;
@@ -532,7 +555,7 @@ void VYRModelRenderer::DrawText(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint& 
   auto* pText = static_cast<VYRPrtTextElt*>(i_pElt);
   if (pText->GetText().IsEmpty() || pText->GetPositionCount() < 1) return;
   const VYRPrtTextAttributes& attributes = pText->GetTextAttributes();
-  const ShapePaint shapePaint(i_pElt);
+  const ShapePaint shapePaint(i_pElt, i_paint.clipCoverage);
   const VYRPrintFillMode fillMode = shapePaint.hasFill ? PrepareFill(i_pElt, *shapePaint.pFill, i_paint) : eFillModeNone;
   const VYRPrintEdgeMode strokeMode =
       shapePaint.hasStroke ? PrepareStroke(i_pElt, *shapePaint.pStroke, i_paint) : eEdgeModeNone;
@@ -566,7 +589,7 @@ void VYRModelRenderer::DrawBitmap(VYRPrtGraphicPrimitiveElt* i_pElt, const Paint
   double width = 0.0, height = 0.0, orientation = 0.0;
   VYRPixelImage* pImage = nullptr;
   pBitmap->GetParameters(position, width, height, orientation, pImage);
-  if (pImage == nullptr || pImage->IsEmpty() || !(width > 0.0) || !(height > 0.0)) return;
+  if (i_paint.clipCoverage || pImage == nullptr || pImage->IsEmpty() || !(width > 0.0) || !(height > 0.0)) return;
   // Bitmaps are drawn at the fill colour's alpha.
   _drawing.SetFillColor(0.0f, 0.0f, 0.0f, static_cast<float>(i_paint.alpha));
   _drawing.ApplyFillMode(eFillModeColor);
@@ -764,16 +787,48 @@ void CollectClipOutlines(VYRPrtGraphicPrimitiveElt* i_pElt, const VYRMath3x3Matr
 
 }  // namespace
 
+bool VYRModelRenderer::ClipMatrix(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtClipPathElt* i_pClip,
+                                  VYRMath3x3Matrix& o_matrix) {
+  // The clip path's own transform acts on the box mapping of box units.
+  o_matrix = MatrixOf(i_pClip->GetTransformAttributes());
+  if (i_pClip->GetUnits() != MM2D::UnitObjectBoundingBox) return true;
+  double xmin, xmax, ymin, ymax;
+  if (!LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0)) return false;
+  o_matrix = o_matrix * BoxMatrix(xmin, xmax, ymin, ymax);
+  return true;
+}
+
+bool VYRModelRenderer::NeedsClipLayer(VYRPrtClipPathElt* i_pClip) {
+  const VYRSYPDynArray<VYRPrtGraphicPrimitiveElt*>& children = i_pClip->GetChildArray();
+  if (i_pClip->GetClipPath() != nullptr || children.GetLength() > 1) return true;
+  if (children.GetLength() == 0 || children[0] == nullptr) return false;
+  VYRHostPath outline;
+  return children[0]->GetClipPath() != nullptr || !outline.BuildFrom(children[0]);
+}
+
+void VYRModelRenderer::DrawClipLayer(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtClipPathElt* i_pClip,
+                                     const Paint& i_paint, int i_depth) {
+  _drawing.SetLayerMaskMode(eTransferDestinationIn);
+  if (_drawing.SaveLayer() < 0) return;
+  VYRMath3x3Matrix matrix;
+  // A clip path clipped in turn keeps only what both cover.
+  if (ClipMatrix(i_pElt, i_pClip, matrix) && ApplyClipPath(i_pClip)) {
+    _drawing.AddTransform(VYR3x3Matrix(matrix));
+    Paint paint = i_paint;
+    paint.alpha = 1.0;
+    paint.clipCoverage = true;
+    _inUse.insert(i_pClip);
+    DrawChildren(*i_pClip, paint, i_depth + 1);
+    _inUse.erase(i_pClip);
+  }
+  _drawing.Restore(-1);
+}
+
 bool VYRModelRenderer::ApplyClipPath(VYRPrtGraphicPrimitiveElt* i_pElt) {
   VYRPrtClipPathElt* pClip = i_pElt->GetClipPath();
   if (pClip == nullptr) return true;
-  // The clip path's own transform acts on the box mapping of box units.
-  VYRMath3x3Matrix matrix = MatrixOf(pClip->GetTransformAttributes());
-  if (pClip->GetUnits() == MM2D::UnitObjectBoundingBox) {
-    double xmin, xmax, ymin, ymax;
-    if (!LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0)) return false;
-    matrix = matrix * BoxMatrix(xmin, xmax, ymin, ymax);
-  }
+  VYRMath3x3Matrix matrix;
+  if (!ClipMatrix(i_pElt, pClip, matrix)) return false;
   VYRHostPath outlines;
   VYRPrintFillRule rule = pClip->GetClipRule() == VYRPrtFillRuleEvenOdd ? eFillRuleEvenOdd : eFillRuleNonZero;
   const VYRSYPDynArray<VYRPrtGraphicPrimitiveElt*>& children = pClip->GetChildArray();

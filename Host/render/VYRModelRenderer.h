@@ -17,6 +17,7 @@ class VYR2DGDrawing;
 class VYRHostPath;
 class VYRPixelImage;
 class VYRPrintGradient;
+class VYRPrtClipPathElt;
 class VYRPrtColourTable;
 class VYRPrtGraphicPrimitiveElt;
 class VYRPrtMarkerElt;
@@ -61,6 +62,9 @@ class VYRModelRenderer {
   struct Paint {
     const VYRPrtColourTable* pColours = nullptr;
     double alpha = 1.0;  // opacities of ancestors folded into the paint
+    // Drawing a clip path's content: every shape and text filled opaque
+    // white whatever its paint, nothing stroked, no effects.
+    bool clipCoverage = false;
   };
 
   // A new image of the given size (one reference) with what i_draw draws on it; null with a reason in o_error.
@@ -93,6 +97,14 @@ class VYRModelRenderer {
                   const Paint& i_paint, int i_depth);
   // Installs the element's clip path; false when it clips everything away.
   bool ApplyClipPath(VYRPrtGraphicPrimitiveElt* i_pElt);
+  // The matrix from a clip path's content to the user space of the element it clips.
+  bool ClipMatrix(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtClipPathElt* i_pClip, VYRMath3x3Matrix& o_matrix);
+  // A clip path that one path with one fill rule cannot stand for (several
+  // shapes, text, rules or clips of their own) is drawn as coverage in a
+  // layer that keeps what it covers of the content below.
+  static bool NeedsClipLayer(VYRPrtClipPathElt* i_pClip);
+  void DrawClipLayer(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtClipPathElt* i_pClip, const Paint& i_paint,
+                     int i_depth);
   // Composites the mask's luminance into the layer holding the element.
   void DrawMask(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtMaskElt* i_pMask, const Paint& i_paint, int i_depth);
   // A mask's or filter's region in the element's coordinates; false when

@@ -39,6 +39,9 @@ class VYR_EXPORT VYRIDOMNode_var {
   // Two handles are equal when they refer to the same node (or are both null).
   bool operator==(const VYRIDOMNode_var& i_other) const { return _pNode == i_other._pNode; }
   bool operator!=(const VYRIDOMNode_var& i_other) const { return _pNode != i_other._pNode; }
+  // The node itself, the same for every handle on it while its document
+  // lives: a key for what is worked out about a node.
+  const void* GetIdentity() const { return _pNode; }
   // Drops the reference; the handle becomes null.
   void Clear();
 

@@ -2,6 +2,7 @@
 
 #include "VYRAssert.h"
 #include "VYRI2DGStream.h"
+#include "VYRStreamRecord.h"
 
 VYRPrtAdobeAttributes& VYRPrtAdobeAttributes::operator=(const VYRPrtAdobeAttributes& iAttr) {
   if (!VYR_CHECK_CONDITION(this != &iAttr)) return *this;
@@ -34,19 +35,14 @@ bool VYRPrtAdobeAttributes::operator==(const VYRPrtAdobeAttributes& iAttr) const
 
 void VYRPrtAdobeAttributes::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(static_cast<unsigned int>(_defined ? 1 : 0));
-  ipStream->Stream(_opacityShare);
-  ipStream->Stream(static_cast<unsigned int>(_blendingMode));
-  ipStream->Stream(static_cast<unsigned int>(_knockout));
+  WriteRecord(ipStream, static_cast<unsigned int>(_defined ? 1 : 0), _opacityShare,
+              static_cast<unsigned int>(_blendingMode), static_cast<unsigned int>(_knockout));
 }
 
 void VYRPrtAdobeAttributes::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   unsigned int defined = 0, mode = 0, knockout = 0;
-  ipStream->Unstream(defined);
-  ipStream->Unstream(_opacityShare);
-  ipStream->Unstream(mode);
-  ipStream->Unstream(knockout);
+  ReadRecord(ipStream, defined, _opacityShare, mode, knockout);
   _defined = defined != 0;
   _blendingMode = static_cast<VYR2DGTransferMode>(mode);
   _knockout = static_cast<MM2D::Knockout>(knockout);

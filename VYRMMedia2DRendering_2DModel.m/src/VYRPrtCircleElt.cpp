@@ -2,6 +2,7 @@
 
 #include "VYRI2DGStream.h"
 #include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRStreamRecord.h"
 
 VYR_IMPLEMENT_CLASS(VYRPrtCircleElt, VYRPrtBaseShapeElt, "Multimedia2DRendering")
 
@@ -39,13 +40,13 @@ StreamType VYRPrtCircleElt::GetStreamType() { return kStreamTypeCircleElt; }
 void VYRPrtCircleElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtBaseShapeElt::Stream(ipStream);
-  VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_center, ipStream);
-  ipStream->Stream(_radius);
+  WriteRecord(ipStream, _center.x, _center.y, _radius);
 }
 
 void VYRPrtCircleElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtBaseShapeElt::Unstream(ipStream);
-  VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_center, ipStream);
-  ipStream->Unstream(_radius);
+  double x = 0.0, y = 0.0;
+  ReadRecord(ipStream, x, y, _radius);
+  _center = VYRMathPoint2D(x, y);
 }

@@ -4,6 +4,7 @@
 #include "VYRPixelImage.h"
 #include "VYRPrintGradient.h"
 #include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRStreamRecord.h"
 
 namespace {
 
@@ -114,10 +115,8 @@ void VYRPrtFillAttributes::Duplicate(VYRPrtFillAttributes& oFill) const {
 void VYRPrtFillAttributes::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   using Helper = VYRPrtStreamUnstreamHelper;
-  ipStream->Stream(static_cast<unsigned int>(_fillStyle));
-  ipStream->Stream(static_cast<unsigned int>(_fillRule));
-  ipStream->Stream(static_cast<int>(_fillColourIndex));
-  ipStream->Stream(_fillOpacity);
+  WriteRecord(ipStream, static_cast<unsigned int>(_fillStyle), static_cast<unsigned int>(_fillRule),
+              static_cast<int>(_fillColourIndex), _fillOpacity);
   Helper::SerializeVYRPixelImage(_pPatternImage, ipStream);
   Helper::SerializeVYRMathVector2D(_patternVector1, ipStream);
   Helper::SerializeVYRMathVector2D(_patternVector2, ipStream);
@@ -131,10 +130,7 @@ void VYRPrtFillAttributes::Unstream(VYRI2DGStream* ipStream) {
   using Helper = VYRPrtStreamUnstreamHelper;
   unsigned int style = 0, rule = 0, gradientType = 0;
   int colourIndex = 0;
-  ipStream->Unstream(style);
-  ipStream->Unstream(rule);
-  ipStream->Unstream(colourIndex);
-  ipStream->Unstream(_fillOpacity);
+  ReadRecord(ipStream, style, rule, colourIndex, _fillOpacity);
   _fillStyle = static_cast<VYRPrtFillStyle>(style);
   _fillRule = static_cast<VYRPrtFillRule>(rule);
   _fillColourIndex = static_cast<unsigned int>(colourIndex);

@@ -6,6 +6,7 @@
 #include "VYRPrtFilterContainerElt.h"
 #include "VYRPrtMaskElt.h"
 #include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRStreamRecord.h"
 
 VYR_IMPLEMENT_ABSTRACT_CLASS(VYRPrtGraphicPrimitiveElt, VYRBaseUnknown, "Multimedia2DRendering")
 
@@ -132,9 +133,8 @@ StreamType VYRPrtGraphicPrimitiveElt::GetStreamType() { return kStreamTypeGraphi
 void VYRPrtGraphicPrimitiveElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   using Helper = VYRPrtStreamUnstreamHelper;
-  ipStream->Stream(static_cast<unsigned int>(GetStreamType()));
-  ipStream->Stream(static_cast<unsigned int>(_streamVersion));
-  ipStream->Stream(static_cast<unsigned int>(_visibility));
+  WriteRecord(ipStream, static_cast<unsigned int>(GetStreamType()), static_cast<unsigned int>(_streamVersion),
+              static_cast<unsigned int>(_visibility));
   Helper::SerializeVYRUnicodeString(_ID, ipStream);
   Helper::SerializeVYRUnicodeString(_description, ipStream);
   Helper::SerializeVYRUnicodeString(_title, ipStream);
@@ -154,9 +154,8 @@ void VYRPrtGraphicPrimitiveElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   using Helper = VYRPrtStreamUnstreamHelper;
   unsigned int version = 0, visibility = 0;
-  ipStream->Unstream(version);
+  ReadRecord(ipStream, version, visibility);
   _streamVersion = static_cast<int>(version);
-  ipStream->Unstream(visibility);
   _visibility = static_cast<unsigned char>(visibility);
   Helper::CreateVYRUnicodeStringFromStream(_ID, ipStream);
   Helper::CreateVYRUnicodeStringFromStream(_description, ipStream);

@@ -1,5 +1,6 @@
 #include "VYRAssert.h"
 
+#include <cstring>
 #include <new>
 
 #include "VYRI2DGStream.h"
@@ -52,20 +53,19 @@
 #include "VYRPrtSymbolElt.h"
 #include "VYRPrtTextElt.h"
 #include "VYRRawColldouble.h"
+#include "VYRStreamRecord.h"
 #include "VYRUnicodeString.h"
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(VYRMathPoint2D& i_point, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(i_point.x);
-  ipStream->Stream(i_point.y);
+  WriteRecord(ipStream, i_point.x, i_point.y);
 }
 
 // Readers fill zeroed temporaries first and store them in one step.
 void VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(VYRMathPoint2D& o_point, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   double x = 0.0, y = 0.0;
-  ipStream->Unstream(x);
-  ipStream->Unstream(y);
+  ReadRecord(ipStream, x, y);
   o_point = VYRMathPoint2D(x, y);
 }
 
@@ -73,13 +73,13 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRMath2x2Matrix(VYRMath2x2Matrix& i_m
   if (!ipStream) return;
   double c[4];
   i_matrix.GetCoef(c[0], c[1], c[2], c[3]);
-  for (double coef : c) ipStream->Stream(coef);
+  WriteRecord(ipStream, c[0], c[1], c[2], c[3]);
 }
 
 void VYRPrtStreamUnstreamHelper::CreateVYRMath2x2MatrixFromStream(VYRMath2x2Matrix& o_matrix, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   double c[4] = {};
-  for (double& coef : c) ipStream->Unstream(coef);
+  ReadRecord(ipStream, c[0], c[1], c[2], c[3]);
   o_matrix.SetCoef(c[0], c[1], c[2], c[3]);
 }
 
@@ -289,9 +289,30 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRUnicodeString(const VYRUnicodeStrin
 
 void VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(VYRUnicodeString& o_text, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  char* pText = ipStream->Unstream(true);
-  o_text = pText ? VYRUnicodeString(pText) : VYRUnicodeString();
-  delete[] pText;
+  // Read in place: short texts then need no allocation at all. As with a
+  // zero-terminated read, the text ends at its first zero byte.
+  int length = 0;
+  ipStream->Unstream(length);
+  if (length <= 0) {
+    o_text = VYRUnicodeString();
+    return;
+  }
+  if (!ipStream->CountFits(length, 1)) {
+    ipStream->ReadBytes(nullptr, length);  // fails the stream, as reading past its end does
+    o_text = VYRUnicodeString();
+    return;
+  }
+  char shortText[64];
+  char* pText = length <= static_cast<int>(sizeof shortText) ? shortText : new (std::nothrow) char[length];
+  if (!VYR_CHECK_POINTER(pText)) {
+    ipStream->ReadBytes(nullptr, length);
+    o_text = VYRUnicodeString();
+    return;
+  }
+  ipStream->ReadBytes(pText, length);
+  const void* pZero = std::memchr(pText, 0, static_cast<size_t>(length));
+  o_text.BuildFromChar(pText, pZero ? static_cast<int>(static_cast<const char*>(pZero) - pText) : length);
+  if (pText != shortText) delete[] pText;
 }
 
 VYRPrtColourTable* VYRPrtStreamUnstreamHelper::CreateVYRPrtColourTableFromStream(VYRI2DGStream* ipStream) {

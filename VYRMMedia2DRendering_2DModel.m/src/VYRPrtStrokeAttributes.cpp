@@ -7,6 +7,7 @@
 #include "VYRI2DGStream.h"
 #include "VYRPrintGradient.h"
 #include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRStreamRecord.h"
 
 VYRPrtStrokeAttributes::VYRPrtStrokeAttributes(const VYRPrtStrokeAttributes& iStroke) { CopyFrom(iStroke); }
 
@@ -89,16 +90,10 @@ int VYRPrtStrokeAttributes::operator==(const VYRPrtStrokeAttributes& iStroke) co
 
 void VYRPrtStrokeAttributes::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(static_cast<int>(_strokeColourIndex));
-  ipStream->Stream(_strokeOpacity);
-  ipStream->Stream(_thirdValue);
-  ipStream->Stream(_strokeTypePatternCount);
-  for (int i = 0; i < _strokeTypePatternCount; ++i) ipStream->Stream(_strokeTypePattern[i]);
-  ipStream->Stream(_strokeWidth);
-  ipStream->Stream(static_cast<unsigned int>(_strokeStyle));
-  ipStream->Stream(static_cast<unsigned int>(_strokeCap));
-  ipStream->Stream(static_cast<unsigned int>(_strokeJoin));
-  ipStream->Stream(static_cast<unsigned int>(_strokeMode));
+  WriteRecord(ipStream, static_cast<int>(_strokeColourIndex), _strokeOpacity, _thirdValue, _strokeTypePatternCount);
+  ipStream->WriteBytes(_strokeTypePattern, _strokeTypePatternCount * static_cast<int>(sizeof(float)));
+  WriteRecord(ipStream, _strokeWidth, static_cast<unsigned int>(_strokeStyle), static_cast<unsigned int>(_strokeCap),
+              static_cast<unsigned int>(_strokeJoin), static_cast<unsigned int>(_strokeMode));
   VYRPrtStreamUnstreamHelper::SerializeGradientOfType(_pGradient, _gradientType, ipStream);
   ipStream->Stream(static_cast<unsigned int>(_gradientType));
 }
@@ -108,26 +103,19 @@ void VYRPrtStrokeAttributes::Unstream(VYRI2DGStream* ipStream) {
   int colourIndex = 0;
   unsigned int style = 0, cap = 0, join = 0, mode = 0, gradientType = 0;
   unsigned char dashCount = 0;
-  ipStream->Unstream(colourIndex);
+  ReadRecord(ipStream, colourIndex, _strokeOpacity, _thirdValue, dashCount);
   _strokeColourIndex = static_cast<unsigned int>(colourIndex);
-  ipStream->Unstream(_strokeOpacity);
-  ipStream->Unstream(_thirdValue);
-  ipStream->Unstream(dashCount);
   delete[] _strokeTypePattern;
   _strokeTypePattern = nullptr;
   _strokeTypePatternCount = 0;
   if (dashCount > 0 && VYR_CHECK_CONDITION(ipStream->CountFits(dashCount, sizeof(float)))) {
     _strokeTypePattern = new (std::nothrow) float[dashCount];
     if (VYR_CHECK_POINTER(_strokeTypePattern)) {
-      for (int i = 0; i < dashCount; ++i) ipStream->Unstream(_strokeTypePattern[i]);
+      ipStream->ReadBytes(_strokeTypePattern, dashCount * static_cast<int>(sizeof(float)));
       _strokeTypePatternCount = dashCount;
     }
   }
-  ipStream->Unstream(_strokeWidth);
-  ipStream->Unstream(style);
-  ipStream->Unstream(cap);
-  ipStream->Unstream(join);
-  ipStream->Unstream(mode);
+  ReadRecord(ipStream, _strokeWidth, style, cap, join, mode);
   _strokeStyle = static_cast<VYRPrintLineAttribute>(style);
   _strokeCap = static_cast<VYRPrintLineAttribute>(cap);
   _strokeJoin = static_cast<VYRPrintLineAttribute>(join);

@@ -7,6 +7,7 @@
 #include "VYRAssert.h"
 #include "VYRI2DGStream.h"
 #include "VYRPrtStreamUnstreamHelper.h"
+#include "VYRStreamRecord.h"
 
 namespace {
 
@@ -79,6 +80,7 @@ bool ReadCount(VYRI2DGStream* ipStream, long long i_bytesPerItem, long long i_li
   int count = 0;
   ipStream->Unstream(count);
   o_count = 0;
+  if (count == 0) return true;  // the usual case, with nothing to check against the stream
   if (!VYR_CHECK_CONDITION(ipStream->CountFits(count, i_bytesPerItem) && count <= i_limit)) return false;
   o_count = static_cast<unsigned int>(count);
   return true;
@@ -86,17 +88,19 @@ bool ReadCount(VYRI2DGStream* ipStream, long long i_bytesPerItem, long long i_li
 
 template <class T>
 bool ReadValues(VYRI2DGStream* ipStream, T*& o_paArray, unsigned int& o_count, long long i_limit) {
+  static_assert(kIsStreamValue<T>, "the values come in as they are held");
   unsigned int count = 0;
   if (!ReadCount(ipStream, sizeof(T), i_limit, count) || !NewArray(o_paArray, count)) return false;
-  for (unsigned int i = 0; i < count; ++i) ipStream->Unstream(o_paArray[i]);
+  ipStream->ReadBytes(o_paArray, static_cast<int>(count * sizeof(T)));
   o_count = count;
   return true;
 }
 
 template <class T>
 void WriteValues(VYRI2DGStream* ipStream, const T* i_paArray, unsigned int i_count) {
+  static_assert(kIsStreamValue<T>, "the values go out as they are held");
   ipStream->Stream(static_cast<int>(i_count));
-  for (unsigned int i = 0; i < i_count; ++i) ipStream->Stream(i_paArray[i]);
+  ipStream->WriteBytes(i_paArray, static_cast<int>(i_count * sizeof(T)));
 }
 
 }  // namespace
@@ -305,7 +309,8 @@ int VYRPrtTransformAttributes::GetTransformationMatrix(VYRMath3x3Matrix& o_matri
 void VYRPrtTransformAttributes::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   ipStream->Stream(static_cast<int>(_transformCount));
-  for (unsigned int i = 0; i < _transformCount; ++i) ipStream->Stream(static_cast<unsigned int>(_paTransformTab[i]));
+  static_assert(sizeof(VYRPrintTransformType) == sizeof(unsigned int), "kinds travel as 4-byte integers");
+  ipStream->WriteBytes(_paTransformTab, static_cast<int>(_transformCount * sizeof(unsigned int)));
   ipStream->Stream(static_cast<int>(_matrixCount));
   for (unsigned int i = 0; i < _matrixCount; ++i)
     VYRPrtStreamUnstreamHelper::SerializeVYRMath2x2Matrix(_paMatrices[i], ipStream);
@@ -338,11 +343,7 @@ void VYRPrtTransformAttributes::Unstream(VYRI2DGStream* ipStream) {
 bool VYRPrtTransformAttributes::ReadLists(VYRI2DGStream* ipStream) {
   unsigned int count = 0;
   if (!ReadCount(ipStream, sizeof(unsigned int), INT_MAX, count) || !NewArray(_paTransformTab, count)) return false;
-  for (unsigned int i = 0; i < count; ++i) {
-    unsigned int type = 0;
-    ipStream->Unstream(type);
-    _paTransformTab[i] = static_cast<VYRPrintTransformType>(type);
-  }
+  ipStream->ReadBytes(_paTransformTab, static_cast<int>(count * sizeof(unsigned int)));
   _transformCount = count;
   const long long entries = _transformCount;
 

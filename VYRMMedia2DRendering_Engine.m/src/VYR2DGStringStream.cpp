@@ -103,7 +103,7 @@ inline void VYR2DGStringStream::ReadValue(T& o_value) {
     _pCursor += sizeof(T);
     return;
   }
-  Read(&o_value, sizeof(T));
+  ReadBytes(&o_value, sizeof(T));
 }
 
 void VYR2DGStringStream::Stream(float i_value) { WriteValue(i_value); }
@@ -132,7 +132,7 @@ void VYR2DGStringStream::Unstream(char& o_value) { ReadValue(o_value); }
 char* VYR2DGStringStream::Unstream(bool i_zeroTerminated) {
   char* pLengthStart = _pCursor;
   int length = 0;
-  if (!Read(&length, kLengthBytes) || length <= 0) return nullptr;
+  if (!ReadBytes(&length, kLengthBytes) || length <= 0) return nullptr;
   if (length > GetReadableBytesLeft()) {
     // A length the stream cannot hold: the whole string read fails.
     _pCursor = pLengthStart;
@@ -169,15 +169,21 @@ void VYR2DGStringStream::Write(const void* i_first, int i_firstLength, const voi
   _size = static_cast<int>(newSize);
 }
 
-bool VYR2DGStringStream::Read(void* o_destination, int i_length) {
+bool VYR2DGStringStream::ReadBytes(void* o_destination, int i_length) {
+  if (i_length <= 0) return true;
   if (i_length > GetReadableBytesLeft()) {
-    std::memset(o_destination, 0, static_cast<size_t>(i_length));
+    if (o_destination) std::memset(o_destination, 0, static_cast<size_t>(i_length));
     _failed = true;
     return false;
   }
-  std::memcpy(o_destination, _pCursor, static_cast<size_t>(i_length));
+  if (o_destination) std::memcpy(o_destination, _pCursor, static_cast<size_t>(i_length));
   _pCursor += i_length;
   return true;
+}
+
+void VYR2DGStringStream::WriteBytes(const void* i_bytes, int i_length) {
+  if (i_length <= 0 || !VYR_CHECK_POINTER(i_bytes)) return;
+  Write(i_bytes, i_length);
 }
 
 bool VYR2DGStringStream::StreamIncrease(long long i_requiredSize) {
