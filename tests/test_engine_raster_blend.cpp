@@ -152,3 +152,39 @@ TEST(RasterBlend, SourceOverRowsMatchThePerChannelFormula) {
     }
   }
 }
+
+// The solid-colour row must give what the general row gives with the colour repeated, in
+// every mode, whatever the row's length and its mix of empty, partial and full coverage.
+TEST(RasterBlend, SolidRowsEqualGeneralRowsOfTheRepeatedColour) {
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> byte(0, 255), runLength(1, 40);
+  const uint32_t colours[] = {0x00000000u, 0xFF3080C0u, 0x80402010u, 0x01010000u, 0xC0C06000u};
+  for (int mode = 0; mode <= 27; ++mode)
+    for (uint32_t colour : colours)
+      for (int count : {0, 1, 3, 4, 7, 8, 9, 15, 16, 17, 31, 32, 33, 63, 64, 65, 100, 131}) {
+        // Coverage in runs, so that whole groups of 0 and of 255 occur as well as mixes.
+        std::vector<uint8_t> coverage;
+        while (static_cast<int>(coverage.size()) < count) {
+          const int kind = byte(random) % 3;
+          const uint8_t value = kind == 0 ? 0 : kind == 1 ? 255 : static_cast<uint8_t>(byte(random));
+          coverage.insert(coverage.end(), static_cast<size_t>(runLength(random)), value);
+        }
+        coverage.resize(static_cast<size_t>(count));
+        std::vector<uint32_t> background(static_cast<size_t>(count));
+        for (uint32_t& pixel : background) {
+          const int a = byte(random);
+          pixel = uint32_t(a) << 24 | uint32_t(byte(random) * a / 255) << 16 | uint32_t(byte(random) * a / 255) << 8 |
+                  uint32_t(byte(random) * a / 255);
+        }
+        const std::vector<uint32_t> source(static_cast<size_t>(count) + 1, colour);
+        const uint8_t* coverages[] = {nullptr, coverage.data()};
+        for (const uint8_t* pCoverage : coverages) {
+          std::vector<uint32_t> solid = background, general = background;
+          const auto blendMode = static_cast<VYRRasterBlendMode>(mode);
+          VYRRasterBlender::BlendSolidRow(blendMode, solid.data(), colour, pCoverage, count);
+          VYRRasterBlender::BlendRow(blendMode, general.data(), source.data(), pCoverage, count);
+          ASSERT_EQ(solid, general) << "mode " << mode << " colour " << std::hex << colour << std::dec << " count "
+                                    << count << (pCoverage ? " with coverage" : " full");
+        }
+      }
+}

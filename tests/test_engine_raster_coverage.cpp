@@ -37,6 +37,18 @@ std::vector<NamedPath> Outlines() {
   outlines.push_back({"triangle", Polygon({{3.3f, 4.1f}, {57.5f, 9.9f}, {20.2f, 61.7f}})});
   outlines.push_back({"arrow", Polygon({{5, 5}, {60, 30.5f}, {5, 58}, {25.3f, 30.5f}})});
   outlines.push_back({"bow-tie", Polygon({{4, 4}, {60, 60}, {60, 4}, {4, 60}})});
+  // Crossing once: drawn as two loops, which must add up to the whole.
+  outlines.push_back({"slanted bow-tie", Polygon({{3.3f, 9.7f}, {61.1f, 50.2f}, {55.4f, 2.6f}, {8.8f, 62.1f}})});
+  outlines.push_back({"bow-tie even-odd", Polygon({{3.3f, 9.7f}, {61.1f, 50.2f}, {55.4f, 2.6f}, {8.8f, 62.1f}},
+                                                   VYRRasterPath::kEvenOdd_FillType)});
+  outlines.push_back(
+      {"six points crossing once", Polygon({{4, 30.5f}, {30, 4.2f}, {58.6f, 20}, {10.3f, 50}, {33, 61}, {60, 45.5f}})});
+  // One crossing whose loops nest: the inner loop is covered twice over.
+  outlines.push_back({"loop inside a loop",
+                      Polygon({{20, 30}, {60, 30}, {60, 60}, {5, 60}, {5, 5}, {40, 5}, {40, 45}})});
+  outlines.push_back({"loop inside a loop even-odd",
+                      Polygon({{20, 30}, {60, 30}, {60, 60}, {5, 60}, {5, 5}, {40, 5}, {40, 45}},
+                              VYRRasterPath::kEvenOdd_FillType)});
   outlines.push_back({"star winding", Polygon({{32, 2}, {50, 60}, {2, 22}, {62, 22}, {14, 60}})});
   outlines.push_back(
       {"star even-odd", Polygon({{32, 2}, {50, 60}, {2, 22}, {62, 22}, {14, 60}}, VYRRasterPath::kEvenOdd_FillType)});

@@ -194,7 +194,15 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"structure/svg/nested-svg-with-rect-and-viewBox-3", kShapes},
                       Case{"structure/svg/nested-svg-with-overflow-visible", kShapes},
                       Case{"structure/symbol/with-viewBox-and-custom-use-rect", kShapes},
-                      Case{"structure/symbol/with-overflow-visible", kShapes}),
+                      Case{"structure/symbol/with-overflow-visible", kShapes},
+                      Case{"structure/symbol/opacity-on-use-and-symbol", kShapes},
+                      Case{"structure/use/xlink-to-svg-element-with-rect", kShapes},
+                      Case{"structure/use/nested-xlink-to-svg-element-with-rect-and-size", kShapes},
+                      Case{"painting/fill/invalid-FuncIRI-with-a-fallback-color", kShapes},
+                      Case{"structure/svg/nested-svg-with-transform-and-clip", kShapes},
+                      Case{"structure/symbol/with-transform", kShapes},
+                      Case{"structure/use/indirect-recursive-2", kShapes},
+                      Case{"painting/display/none-on-svg", kShapes}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(

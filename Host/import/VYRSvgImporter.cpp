@@ -1,5 +1,6 @@
 #include "VYRSvgImporter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -267,7 +268,8 @@ VYRPrtImageElt* VYRSvgImporter::ImportRoot(const VYRIDOMElement_var& i_root) {
   VYRAddViewBoxTransform(viewBox, width, height, transform);
   pImage->SetTransformAttributes(transform);
   pImage->SetOpacity(OpacityByte(context.style.opacity));
-  ImportChildren(i_root, *pImage, context, 1);
+  // A document that is not displayed keeps its size and draws nothing.
+  if (context.style.displayed) ImportChildren(i_root, *pImage, context, 1);
   return pImage;
 }
 
@@ -306,10 +308,19 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
     if (!id.empty()) return Resource(id);
     return ImportResource(name, i_element, i_parent, i_depth);
   }
+  // The elements being read, outermost first, so that use can refuse its own ancestors.
+  _importing.push_back(i_element.GetIdentity());
+  VYRPrtGraphicPrimitiveElt* pElt = ImportOwnElement(name, i_element, i_parent, i_depth);
+  _importing.pop_back();
+  return pElt;
+}
 
+VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportOwnElement(const std::string& i_name,
+                                                            const VYRIDOMElement_var& i_element,
+                                                            const Context& i_parent, int i_depth) {
   // A clip path is made of shapes and text, directly or through use.
-  if (i_parent.insideClipPath && !IsShapeName(name) && name != "text" && name != "use") {
-    Report("<" + name + "> cannot shape a clip path");
+  if (i_parent.insideClipPath && !IsShapeName(i_name) && i_name != "text" && i_name != "use") {
+    Report("<" + i_name + "> cannot shape a clip path");
     return nullptr;
   }
   Context context;
@@ -320,10 +331,10 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
   if (!context.style.displayed) return nullptr;
 
   VYRPrtGraphicPrimitiveElt* pElt = nullptr;
-  if (name == "g" || name == "a" || name == "switch") {
+  if (i_name == "g" || i_name == "a" || i_name == "switch") {
     auto* pGroup = Create<VYRPrtGroupElt>();
     if (!VYR_CHECK_POINTER(pGroup)) return nullptr;
-    if (name == "switch") {
+    if (i_name == "switch") {
       // The first child whose conditions hold stands for the switch, even
       // when it draws nothing.
       for (const VYRIDOMElement_var& child : ChildElements(i_element)) {
@@ -336,26 +347,18 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
       ImportChildren(i_element, *pGroup, context, i_depth);
     }
     pElt = pGroup;
-  } else if (name == "defs") {
+  } else if (i_name == "defs") {
     auto* pDefs = Create<VYRPrtDefsElt>();
     if (!VYR_CHECK_POINTER(pDefs)) return nullptr;
     ImportChildren(i_element, *pDefs, context, i_depth);
     pElt = pDefs;
-  } else if (name == "svg") {
+  } else if (i_name == "svg") {
     const double width = Length(i_element, "width", context, VYRSvgLengthAxis::eX, context.lengths.viewportWidth);
     const double height = Length(i_element, "height", context, VYRSvgLengthAxis::eY, context.lengths.viewportHeight);
     pElt = ImportViewport(i_element, context, i_depth, width, height);
-    if (pElt != nullptr) {
-      VYRPrtTransformAttributes transform;
-      transform.AddTranslation(VYRMathVector2D(Length(i_element, "x", context, VYRSvgLengthAxis::eX, 0.0),
-                                               Length(i_element, "y", context, VYRSvgLengthAxis::eY, 0.0)));
-      transform.AddTransformAttributes(pElt->GetTransformAttributes());
-      pElt->SetTransformAttributes(transform);
-      ApplyCommon(i_element, context, *pElt);
-      pElt->SetTransformAttributes(transform);  // a nested svg has no transform attribute
-    }
+    if (pElt != nullptr) ApplyViewportCommon(i_element, context, *pElt);
     return pElt;
-  } else if (name == "symbol") {
+  } else if (i_name == "symbol") {
     // Drawn only through use; kept under its parent for completeness.
     auto* pSymbol = Create<VYRPrtSymbolElt>();
     if (!VYR_CHECK_POINTER(pSymbol)) return nullptr;
@@ -364,16 +367,16 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportElement(const VYRIDOMElement_va
     pSymbol->SetViewBoxAttributes(viewBox);
     pSymbol->SetID(VYRUnicodeString(Attribute(i_element, "id")));
     return pSymbol;
-  } else if (name == "use") {
+  } else if (i_name == "use") {
     pElt = ImportUse(i_element, context, i_depth);
-  } else if (name == "text") {
+  } else if (i_name == "text") {
     pElt = ImportText(i_element, context);
-  } else if (name == "image") {
+  } else if (i_name == "image") {
     pElt = ImportBitmap(i_element, context);
-  } else if (IsShapeName(name)) {
-    pElt = ImportShape(name, i_element, context);
+  } else if (IsShapeName(i_name)) {
+    pElt = ImportShape(i_name, i_element, context);
   } else {
-    if (name != "metadata" && name != "style" && name != "script") Report("<" + name + "> is not supported");
+    if (i_name != "metadata" && i_name != "style" && i_name != "script") Report("<" + i_name + "> is not supported");
     return nullptr;
   }
   if (pElt == nullptr) return nullptr;
@@ -439,8 +442,12 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
     Report("<use> of \"" + id + "\" refers to itself");
     return nullptr;
   }
-  _inProgress.insert("use:" + id);
   const VYRIDOMElement_var& target = found->second;
+  if (std::find(_importing.begin(), _importing.end(), target.GetIdentity()) != _importing.end()) {
+    Report("<use> of \"" + id + "\" lies inside what it uses");
+    return nullptr;
+  }
+  _inProgress.insert("use:" + id);
   VYRPrtGraphicPrimitiveElt* pContent = nullptr;
   if (i_context.insideClipPath && (VYRSvgLocalName(target) == "symbol" || VYRSvgLocalName(target) == "svg")) {
     Report("<" + VYRSvgLocalName(target) + "> cannot shape a clip path");
@@ -454,6 +461,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
                                  Length(target, "height", i_context, VYRSvgLengthAxis::eY,
                                         i_context.lengths.viewportHeight));
     if (context.style.displayed) pContent = ImportViewport(target, context, i_depth, width, height);
+    if (pContent != nullptr) ApplyViewportCommon(target, context, *pContent);
   } else {
     pContent = ImportElement(target, i_context, i_depth + 1);
     // A resource is not drawn where it is used.
@@ -464,6 +472,21 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportUse(const VYRIDOMElement_var& i
   if (!VYR_CHECK_POINTER(pGroup)) return nullptr;
   if (pContent != nullptr) pGroup->AddChild(pContent);
   return pGroup;
+}
+
+void VYRSvgImporter::ApplyViewportCommon(const VYRIDOMElement_var& i_element, const Context& i_context,
+                                         VYRPrtGraphicPrimitiveElt& io_outer) {
+  ApplyCommon(i_element, i_context, io_outer);
+  VYRPrtTransformAttributes transform;
+  // A symbol takes no transform; it is placed by the use.
+  if (VYRSvgLocalName(i_element) != "svg") {
+    io_outer.SetTransformAttributes(transform);
+    return;
+  }
+  transform = io_outer.GetTransformAttributes();
+  transform.AddTranslation(VYRMathVector2D(Length(i_element, "x", i_context, VYRSvgLengthAxis::eX, 0.0),
+                                           Length(i_element, "y", i_context, VYRSvgLengthAxis::eY, 0.0)));
+  io_outer.SetTransformAttributes(transform);
 }
 
 void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Context& i_context,
@@ -757,9 +780,12 @@ std::vector<double> ShiftedDashes(const std::vector<double>& i_dashes, double i_
   return shifted;
 }
 
+// A gradient with stops: one without any is no paint server, and the fallback paints instead.
 bool IsGradient(VYRPrtGraphicPrimitiveElt* i_pElt) {
-  return i_pElt != nullptr && (i_pElt->GetStreamType() == kStreamTypeLinearGradientElt ||
-                               i_pElt->GetStreamType() == kStreamTypeRadialGradientElt);
+  return i_pElt != nullptr &&
+         (i_pElt->GetStreamType() == kStreamTypeLinearGradientElt ||
+          i_pElt->GetStreamType() == kStreamTypeRadialGradientElt) &&
+         static_cast<VYRPrtBaseGradientElt*>(i_pElt)->GetStopCount() > 0;
 }
 
 }  // namespace

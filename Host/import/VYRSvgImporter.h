@@ -67,6 +67,9 @@ class VYRSvgImporter {
 
   // The element for one DOM element, or null when it draws nothing or is not read.
   VYRPrtGraphicPrimitiveElt* ImportElement(const VYRIDOMElement_var& i_element, const Context& i_parent, int i_depth);
+  // What an element that is not a resource becomes.
+  VYRPrtGraphicPrimitiveElt* ImportOwnElement(const std::string& i_name, const VYRIDOMElement_var& i_element,
+                                              const Context& i_parent, int i_depth);
   void ImportChildren(const VYRIDOMElement_var& i_element, VYRPrtNodeTreeElt& io_node, const Context& i_context,
                       int i_depth);
   VYRPrtGraphicPrimitiveElt* ImportShape(const std::string& i_name, const VYRIDOMElement_var& i_element,
@@ -93,6 +96,10 @@ class VYRSvgImporter {
   // The common attributes: identifier, transform, visibility, opacity, clip path, mask, filter.
   // Points the element at the clip path its style names, reporting one that is missing.
   void LinkClipPath(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt);
+  // The common attributes of an svg or symbol on the outer group of its
+  // viewport: an svg's x and y within its transform, no transform for a symbol.
+  void ApplyViewportCommon(const VYRIDOMElement_var& i_element, const Context& i_context,
+                           VYRPrtGraphicPrimitiveElt& io_outer);
   void ApplyCommon(const VYRIDOMElement_var& i_element, const Context& i_context, VYRPrtGraphicPrimitiveElt& io_elt);
   void ApplyPaint(const Context& i_context, VYRPrtGraphicPrimitiveElt& io_shape);
   VYRPrtFillAttributes MakeFill(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape);
@@ -133,6 +140,7 @@ class VYRSvgImporter {
   std::map<std::string, std::vector<VYRIDOMElement_var>> _resourceAncestors;
   std::map<std::string, VYRPrtGraphicPrimitiveElt*> _resources;
   std::set<std::string> _inProgress;
+  std::vector<const void*> _importing;
   std::map<unsigned int, unsigned int> _colourIndexes;
   VYRPrtColourTable* _pColours = nullptr;
   Context _rootContext;

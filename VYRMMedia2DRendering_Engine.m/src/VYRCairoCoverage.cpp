@@ -43,7 +43,7 @@ void VYRCairoCoverage::endMask(cairo_t* ipCairo, VYRRasterMask* o_mask) {
   cairo_surface_flush(cairo_get_target(ipCairo));
   const bool ok = cairo_status(ipCairo) == CAIRO_STATUS_SUCCESS;
   cairo_destroy(ipCairo);
-  if (!ok) *o_mask = VYRRasterMask();
+  if (!ok) o_mask->reset();
 }
 
 void VYRCairoCoverage::appendPath(cairo_t* ipCairo, const VYRRasterPath& i_path) {
@@ -78,7 +78,7 @@ void VYRCairoCoverage::appendPath(cairo_t* ipCairo, const VYRRasterPath& i_path)
 
 bool VYRCairoCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_antiAlias, const VYRRasterIRect& i_clip,
                                 VYRRasterMask* o_mask) {
-  *o_mask = VYRRasterMask();
+  o_mask->reset();
   if (i_devicePath.isEmpty() || !i_devicePath.isFinite()) return false;
   VYRRasterIRect bounds = VYRRasterRoundOut(i_devicePath.getBounds());
   if (!bounds.intersect(i_clip)) return false;
@@ -95,7 +95,7 @@ bool VYRCairoCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_antiAl
 bool VYRCairoCoverage::StrokePath(const VYRRasterPath& i_localPath, const VYRRasterMatrix& i_matrix,
                                   const Stroke& i_stroke, bool i_antiAlias, const VYRRasterIRect& i_clip,
                                   VYRRasterMask* o_mask) {
-  *o_mask = VYRRasterMask();
+  o_mask->reset();
   if (i_localPath.isEmpty() || !i_localPath.isFinite() || !i_matrix.isFinite()) return false;
   if (!(i_stroke.width > 0) || !std::isfinite(i_stroke.width)) return false;
   VYRRasterMatrix inverse;

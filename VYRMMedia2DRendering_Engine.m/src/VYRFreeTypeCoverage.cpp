@@ -34,8 +34,13 @@ void WriteSpans(int i_y, int i_count, const FT_Span* i_spans, void* i_user) {
     if (from < to && i_spans[i].coverage != 0) {
       uint8_t* pixel = row + (from - mask->bounds.left);
       if (target->accumulate) {
-        for (int x = from; x < to; ++x, ++pixel)
-          *pixel = static_cast<uint8_t>(std::min(*pixel + i_spans[i].coverage, 255));
+        const unsigned coverage = i_spans[i].coverage;
+        for (int x = from; x < to; ++x, ++pixel) {
+          const unsigned sum = *pixel + coverage;
+          *pixel = static_cast<uint8_t>(sum > 255 ? 255 : sum);
+        }
+      } else if (to - from == 1) {  // most spans are one edge pixel: no call for them
+        *pixel = i_spans[i].coverage;
       } else {
         std::memset(pixel, i_spans[i].coverage, static_cast<size_t>(to - from));
       }
@@ -44,18 +49,18 @@ void WriteSpans(int i_y, int i_count, const FT_Span* i_spans, void* i_user) {
   }
 }
 
-// The points of a path made of one contour, repeated points and the closing point dropped;
-// empty for paths of several contours.
-std::vector<VYRMathPoint2Df> SingleRing(const VYRRasterPath& i_path) {
+// The points of a path made of one contour, repeated points and the closing point dropped
+// (o_ring is left empty for paths of several contours).
+void SingleRing(const VYRRasterPath& i_path, std::vector<VYRMathPoint2Df>* o_ring) {
   const std::vector<uint8_t>& verbs = i_path.verbs();
-  std::vector<VYRMathPoint2Df> ring;
-  if (verbs.empty() || verbs[0] != VYRRasterPath::kMove_Verb) return ring;
+  std::vector<VYRMathPoint2Df>& ring = *o_ring;
+  ring.clear();
+  if (verbs.empty() || verbs[0] != VYRRasterPath::kMove_Verb) return;
   for (size_t i = 1; i < verbs.size(); ++i)
-    if (verbs[i] == VYRRasterPath::kMove_Verb) return ring;
+    if (verbs[i] == VYRRasterPath::kMove_Verb) return;
   for (const VYRMathPoint2Df& p : i_path.points())
     if (ring.empty() || p != ring.back()) ring.push_back(p);
   while (ring.size() > 1 && ring.front() == ring.back()) ring.pop_back();
-  return ring;
 }
 
 // Whether the ring's points, control points included, turn one way only and once round.
@@ -83,30 +88,85 @@ double Orientation(const VYRMathPoint2Df& a, const VYRMathPoint2Df& b, const VYR
   return (double(b.x) - a.x) * (double(c.y) - a.y) - (double(b.y) - a.y) * (double(c.x) - a.x);
 }
 
-// Whether segments ab and cd meet; touching and collinear overlaps count as meeting.
-bool SegmentsMeet(const VYRMathPoint2Df& a, const VYRMathPoint2Df& b, const VYRMathPoint2Df& c,
-                  const VYRMathPoint2Df& d) {
+enum class Meeting { kApart, kCross, kTouch };
+
+// How segments ab and cd meet: crossing at one point inside both, or touching (an end on
+// the other segment, collinear overlaps included).
+Meeting SegmentsMeet(const VYRMathPoint2Df& a, const VYRMathPoint2Df& b, const VYRMathPoint2Df& c,
+                     const VYRMathPoint2Df& d) {
   const double o1 = Orientation(a, b, c), o2 = Orientation(a, b, d);
   const double o3 = Orientation(c, d, a), o4 = Orientation(c, d, b);
-  if (((o1 > 0 && o2 < 0) || (o1 < 0 && o2 > 0)) && ((o3 > 0 && o4 < 0) || (o3 < 0 && o4 > 0))) return true;
+  if (((o1 > 0 && o2 < 0) || (o1 < 0 && o2 > 0)) && ((o3 > 0 && o4 < 0) || (o3 < 0 && o4 > 0))) return Meeting::kCross;
   auto within = [](const VYRMathPoint2Df& p, const VYRMathPoint2Df& q, const VYRMathPoint2Df& r) {
     return std::min(p.x, q.x) <= r.x && r.x <= std::max(p.x, q.x) && std::min(p.y, q.y) <= r.y &&
            r.y <= std::max(p.y, q.y);
   };
-  return (o1 == 0 && within(a, b, c)) || (o2 == 0 && within(a, b, d)) || (o3 == 0 && within(c, d, a)) ||
-         (o4 == 0 && within(c, d, b));
+  const bool touch = (o1 == 0 && within(a, b, c)) || (o2 == 0 && within(a, b, d)) || (o3 == 0 && within(c, d, a)) ||
+                     (o4 == 0 && within(c, d, b));
+  return touch ? Meeting::kTouch : Meeting::kApart;
 }
 
-// Whether a ring of straight edges never crosses or touches itself. Checked pair by pair,
-// so only short rings are worth it.
-bool IsSimplePolygon(const std::vector<VYRMathPoint2Df>& i_ring) {
+// Rings are checked edge pair by edge pair, so only short ones are worth it.
+constexpr size_t kCheckedRingLimit = 32;
+
+// How a short ring of straight edges meets itself: never, at one point where edges
+// o_first < o_second (edge k runs from point k to the next) cross, or some other way
+// (several crossings, touches, too long to check).
+enum class SelfMeeting { kNever, kOneCrossing, kOther };
+SelfMeeting FindSelfMeeting(const std::vector<VYRMathPoint2Df>& i_ring, size_t* o_first, size_t* o_second) {
   const size_t n = i_ring.size();
-  if (n > 32) return false;
+  if (n > kCheckedRingLimit) return SelfMeeting::kOther;
+  SelfMeeting found = SelfMeeting::kNever;
   for (size_t i = 0; i < n; ++i)
     for (size_t j = i + 2; j < n; ++j) {
       if (i == 0 && j == n - 1) continue;  // neighbours across the closing point
-      if (SegmentsMeet(i_ring[i], i_ring[i + 1], i_ring[j], i_ring[(j + 1) % n])) return false;
+      const Meeting meeting = SegmentsMeet(i_ring[i], i_ring[i + 1], i_ring[j], i_ring[(j + 1) % n]);
+      if (meeting == Meeting::kApart) continue;
+      if (meeting == Meeting::kTouch || found != SelfMeeting::kNever) return SelfMeeting::kOther;
+      found = SelfMeeting::kOneCrossing;
+      *o_first = i;
+      *o_second = j;
     }
+  return found;
+}
+
+// Whether p lies inside the polygon (crossing count; p is known not to be on its edges).
+bool Contains(const std::vector<VYRMathPoint2Df>& i_polygon, const VYRMathPoint2Df& p) {
+  bool inside = false;
+  for (size_t i = 0, j = i_polygon.size() - 1; i < i_polygon.size(); j = i++) {
+    const VYRMathPoint2Df& a = i_polygon[i];
+    const VYRMathPoint2Df& b = i_polygon[j];
+    if ((a.y > p.y) != (b.y > p.y) &&
+        p.x < (double(b.x) - a.x) * (double(p.y) - a.y) / (double(b.y) - a.y) + a.x)
+      inside = !inside;
+  }
+  return inside;
+}
+
+// A ring crossing itself once is two loops meeting at the crossing point. When neither loop
+// holds the other they cover what the ring covers, without overlapping: drawn one after the
+// other, their coverages add up to the ring's. Returns false when the ring is not such a one.
+bool SplitAtCrossing(const std::vector<VYRMathPoint2Df>& i_ring, VYRRasterPath* o_loops) {
+  size_t first = 0, second = 0;
+  if (FindSelfMeeting(i_ring, &first, &second) != SelfMeeting::kOneCrossing) return false;
+  const size_t n = i_ring.size();
+  const VYRMathPoint2Df& a = i_ring[first];
+  const VYRMathPoint2Df& b = i_ring[first + 1];
+  const VYRMathPoint2Df& c = i_ring[second];
+  const VYRMathPoint2Df& d = i_ring[(second + 1) % n];
+  const double ux = double(b.x) - a.x, uy = double(b.y) - a.y, vx = double(d.x) - c.x, vy = double(d.y) - c.y;
+  const double t = ((double(c.x) - a.x) * vy - (double(c.y) - a.y) * vx) / (ux * vy - uy * vx);
+  const VYRMathPoint2Df crossing(static_cast<float>(a.x + t * ux), static_cast<float>(a.y + t * uy));
+  std::vector<VYRMathPoint2Df> inner{crossing}, outer{crossing};
+  for (size_t k = first + 1; k <= second; ++k) inner.push_back(i_ring[k]);
+  for (size_t k = second + 1; k < n + first + 1; ++k) outer.push_back(i_ring[k % n]);
+  if (Contains(outer, inner[1]) || Contains(inner, outer[1])) return false;
+  o_loops->reset();
+  for (const std::vector<VYRMathPoint2Df>* pLoop : {&inner, &outer}) {
+    o_loops->moveTo((*pLoop)[0]);
+    for (size_t k = 1; k < pLoop->size(); ++k) o_loops->lineTo((*pLoop)[k]);
+    o_loops->close();
+  }
   return true;
 }
 
@@ -117,14 +177,15 @@ bool HasCurves(const VYRRasterPath& i_path) {
 }
 
 // FreeType adds up the coverage of overlapping parts at anti-aliased edges, where a union is
-// wanted, so only outlines that never overlap themselves go to it: one convex contour (curves
-// allowed, judged by their control points) or one simple polygon; or a path whose builder
-// vouches for it, such as glyph outlines, which font renderers sum the same way.
-bool NeverOverlapsItself(const VYRRasterPath& i_path) {
+// wanted, so only outlines that never overlap themselves go to it whole: one convex contour
+// (curves allowed, judged by their control points) or one simple polygon; or a path whose
+// builder vouches for it, such as glyph outlines, which font renderers sum the same way.
+bool NeverOverlapsItself(const VYRRasterPath& i_path, const std::vector<VYRMathPoint2Df>& i_ring) {
   if (i_path.isNonOverlapping()) return true;
-  const std::vector<VYRMathPoint2Df> ring = SingleRing(i_path);
-  if (ring.size() < 3) return false;
-  return IsConvexRing(ring) || (!HasCurves(i_path) && IsSimplePolygon(ring));
+  if (i_ring.size() < 3) return false;
+  size_t first, second;
+  return IsConvexRing(i_ring) ||
+         (!HasCurves(i_path) && FindSelfMeeting(i_ring, &first, &second) == SelfMeeting::kNever);
 }
 
 // An axis-aligned rectangle, the commonest fill, has its coverage worked out directly with the
@@ -188,7 +249,7 @@ bool FillAxisAlignedRectangle(const VYRRasterPath& i_path, const VYRRasterIRect&
       covered |= fillRow(v, row);
     }
   }
-  if (!covered) *o_mask = VYRRasterMask();
+  if (!covered) o_mask->reset();
   return true;
 }
 
@@ -254,11 +315,21 @@ bool VYRFreeTypeCoverage::BuildOutline(const VYRRasterPath& i_path) {
 
 bool VYRFreeTypeCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_antiAlias, const VYRRasterIRect& i_clip,
                                    VYRRasterMask* o_mask) {
-  *o_mask = VYRRasterMask();
+  o_mask->reset();
   if (i_devicePath.isEmpty() || !i_devicePath.isFinite()) return false;
   if (i_antiAlias && _library && FillAxisAlignedRectangle(i_devicePath, i_clip, o_mask)) return !o_mask->isEmpty();
-  if (!i_antiAlias || !_library || !NeverOverlapsItself(i_devicePath) || !BuildOutline(i_devicePath))
-    return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
+  if (!i_antiAlias || !_library) return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
+  // What FreeType draws: the path, or the loops of a ring crossing itself once, each alone.
+  const VYRRasterPath* pOutline = &i_devicePath;
+  bool loopByLoop = false;
+  if (!i_devicePath.isNonOverlapping()) SingleRing(i_devicePath, &_ring);
+  if (!NeverOverlapsItself(i_devicePath, _ring)) {
+    if (_ring.size() < 3 || HasCurves(i_devicePath) || !SplitAtCrossing(_ring, &_loops))
+      return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
+    pOutline = &_loops;
+    loopByLoop = true;
+  }
+  if (!BuildOutline(*pOutline)) return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
   VYRRasterIRect bounds = VYRRasterRoundOut(i_devicePath.getBounds());
   if (!bounds.intersect(i_clip)) return false;
   o_mask->allocate(bounds, 0);
@@ -269,15 +340,17 @@ bool VYRFreeTypeCoverage::FillPath(const VYRRasterPath& i_devicePath, bool i_ant
   // The rasteriser keeps each row's cells in a list it walks for every new cell, so a long
   // run of glyphs costs far more at once than glyph by glyph. Contours of a vouched-for path
   // are therefore drawn in groups side by side, their coverage added up.
-  target.accumulate = i_devicePath.isNonOverlapping() && _contourEnds.size() > 1;
+  target.accumulate = loopByLoop || (i_devicePath.isNonOverlapping() && _contourEnds.size() > 1);
   short first = 0;
   while (first < static_cast<short>(_contourEnds.size())) {
-    const short last = target.accumulate ? LastContourOfGroup(first) : static_cast<short>(_contourEnds.size() - 1);
+    const short last = loopByLoop         ? first
+                       : target.accumulate ? LastContourOfGroup(first)
+                                           : static_cast<short>(_contourEnds.size() - 1);
     if (!RenderContours(first, last, evenOdd, bounds, &target))
       return _cairo.FillPath(i_devicePath, i_antiAlias, i_clip, o_mask);
     first = static_cast<short>(last + 1);
   }
-  if (!target.covered) *o_mask = VYRRasterMask();
+  if (!target.covered) o_mask->reset();
   return target.covered;
 }
 

@@ -6,7 +6,8 @@
 #include "VYRCairoCoverage.h"
 
 // Anti-aliased fills of convex outlines (rectangles, circles, ellipses, rounded rectangles,
-// triangles), simple polygons and paths vouched not to overlap (glyph outlines) by FreeType's
+// triangles), simple polygons, polygons crossing themselves once (as their two loops) and
+// paths vouched not to overlap (glyph outlines) by FreeType's
 // exact-area outline rasteriser, which hands over covered spans
 // directly: no per-fill surface or context to set up, which is most of what a small fill
 // costs through Cairo. Everything else goes to Cairo: strokes, aliased fills, outlines that
@@ -38,4 +39,6 @@ class VYR_EXPORT VYRFreeTypeCoverage : public VYRRasterCoverage {
   std::vector<char> _tags;
   std::vector<short> _contourEnds;
   std::vector<short> _groupEnds;  // contour ends of the group being rendered
+  std::vector<VYRMathPoint2Df> _ring;  // the points of a one-contour path being checked
+  VYRRasterPath _loops;               // a ring crossing itself, split at the crossing
 };

@@ -366,16 +366,12 @@ void BlendColumnPairs(const uint16_t* i_pairs, const int* i_columns, const uint1
 
 #if defined(VYR_RASTER_AVX2)
 // The same arithmetic as the SSE2 lane helpers, on eight pixels at once.
-VYR_RASTER_AVX2 inline __m256i Div255Lanes8(__m256i x) {
-  return _mm256_mulhi_epu16(_mm256_add_epi16(x, _mm256_set1_epi16(128)), _mm256_set1_epi16(257));
-}
-
 VYR_RASTER_AVX2 inline __m256i SrcOverLanes8(__m256i s, __m256i d) {
   // Each pixel's alpha (bytes 6, 7 and 14, 15 of a half) into its four lanes.
   const __m256i spread = _mm256_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15,  //
                                           6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15);
   const __m256i alpha = _mm256_shuffle_epi8(s, spread);
-  return _mm256_add_epi16(s, Div255Lanes8(_mm256_mullo_epi16(d, _mm256_sub_epi16(_mm256_set1_epi16(255), alpha))));
+  return _mm256_add_epi16(s, Div255Lanes256(_mm256_mullo_epi16(d, _mm256_sub_epi16(_mm256_set1_epi16(255), alpha))));
 }
 
 // MixRows and PairColumns in one pass, eight columns at a time: a group's mixed columns stay
@@ -455,8 +451,8 @@ VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_
       __m128i c = _mm_cvtsi64_si128(static_cast<long long>(eight));
       c = _mm_unpacklo_epi8(c, c);
       const __m128i first4 = _mm_unpacklo_epi16(c, c), second4 = _mm_unpackhi_epi16(c, c);
-      x = Div255Lanes8(_mm256_mullo_epi16(x, _mm256_cvtepu8_epi16(_mm_unpacklo_epi64(first4, second4))));
-      y = Div255Lanes8(_mm256_mullo_epi16(y, _mm256_cvtepu8_epi16(_mm_unpackhi_epi64(first4, second4))));
+      x = Div255Lanes256(_mm256_mullo_epi16(x, _mm256_cvtepu8_epi16(_mm_unpacklo_epi64(first4, second4))));
+      y = Div255Lanes256(_mm256_mullo_epi16(y, _mm256_cvtepu8_epi16(_mm_unpackhi_epi64(first4, second4))));
     }
     int* dst = reinterpret_cast<int*>(io_eight);
     const __m256i d = i_lanes ? _mm256_maskload_epi32(dst, *i_lanes)

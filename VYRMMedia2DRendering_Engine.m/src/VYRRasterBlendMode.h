@@ -44,6 +44,9 @@ class VYR_EXPORT VYRRasterBlender {
   // A null coverage means full coverage. An unknown mode blends as source-over.
   static void BlendRow(VYRRasterBlendMode i_mode, uint32_t* io_dst, const uint32_t* i_src,
                        const uint8_t* i_coverage, int i_count);
+  // BlendRow with every source pixel i_src: the colour of a solid paint.
+  static void BlendSolidRow(VYRRasterBlendMode i_mode, uint32_t* io_dst, uint32_t i_src, const uint8_t* i_coverage,
+                            int i_count);
   // One pixel, full coverage (reference for tests and slow paths).
   static uint32_t BlendPixel(VYRRasterBlendMode i_mode, uint32_t i_src, uint32_t i_dst);
   // The mode of that number; numbers outside the table are source-over.

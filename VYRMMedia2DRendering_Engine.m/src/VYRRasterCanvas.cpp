@@ -274,28 +274,58 @@ void VYRRasterCanvas::paintMask(const VYRRasterMask* i_pCoverage, const VYRRaste
 
   VYRRasterShader* shader = i_paint.getShader();
   if (shader && !shader->setContext(_matrix, i_paint.getAlpha())) return;
-  const int width = area.width();
-  std::vector<uint32_t> src(width, VYRRasterBlender::Premultiply(i_paint.getColor()));
-  std::vector<uint8_t> coverage(width);
+  const uint32_t color = VYRRasterBlender::Premultiply(i_paint.getColor());
   const int scale = std::clamp(static_cast<int>(i_coverageScale * 255.0f + 0.5f), 0, 255);
   const PixelTarget dst = prepareTarget(area);
+  _rowSource.resize(static_cast<size_t>(area.width()));
+  _rowCoverage.resize(static_cast<size_t>(area.width()));
   for (int y = area.top; y < area.bottom; ++y) {
-    // The shape's coverage alone where the clip wholly covers the row (none: a flood).
-    const uint8_t* rowCoverage =
-        i_pCoverage ? i_pCoverage->row(y) + (area.left - i_pCoverage->bounds.left) : nullptr;
-    if (scale != 255 || !_clip.isOpaqueRun(y, area.left, area.right)) {
-      _clip.getRow(area.left, y, width, coverage.data());
-      if (rowCoverage)
-        for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], rowCoverage[i]);
-      if (scale != 255)
-        for (int i = 0; i < width; ++i) coverage[i] = Mul255(coverage[i], scale);
-      rowCoverage = coverage.data();
+    // Pixels the clip leaves out stay as they are: only the span it touches is painted.
+    const VYRRasterClip::Run covered = _clip.coveredRun(y);
+    const int left = std::max(area.left, covered.left), right = std::min(area.right, covered.right);
+    if (left >= right) continue;
+    if (y + 1 < area.bottom) {
+      // Small shapes touch short pieces of many rows, too short for the hardware to see
+      // coming: ask for the next row's piece while this one blends.
+      const char* next = reinterpret_cast<const char*>(dst.addr(left, y + 1));
+      for (int offset = 0; offset < (right - left) * 4; offset += 64) __builtin_prefetch(next + offset, 1);
     }
-    uint32_t* dstRow = dst.addr(area.left, y);
-    if (shader && mode == kSrcOver_VYRBlendMode && shader->blendRowSrcOver(area.left, y, width, dstRow, rowCoverage))
-      continue;
-    if (shader) shader->shadeRow(area.left, y, width, src.data());
-    VYRRasterBlender::BlendRow(mode, dstRow, src.data(), rowCoverage, width);
+    // Shaders that composite in source-over themselves skip the row of colours; the others are
+    // shaded once for the row, when a span first needs it.
+    bool shaded = false;
+    // Pixels x0 .. x1 - 1 with the shape's coverage (none: a flood), times the clip's where
+    // it is partial, times the scale.
+    const auto blendSpan = [&](int x0, int x1, bool i_partialClip) {
+      if (x0 >= x1) return;
+      const int count = x1 - x0;
+      const uint8_t* coverage = i_pCoverage ? i_pCoverage->row(y) + (x0 - i_pCoverage->bounds.left) : nullptr;
+      if (i_partialClip || scale != 255) {
+        uint8_t* combined = _rowCoverage.data();
+        const VYRRasterMask& clipMask = _clip.getMask();
+        const uint8_t* clipRow = _clip.isRect() ? nullptr : clipMask.row(y) + (x0 - clipMask.bounds.left);
+        for (int i = 0; i < count; ++i) {
+          int value = clipRow ? clipRow[i] : 255;
+          if (coverage) value = Mul255(value, coverage[i]);
+          combined[i] = scale != 255 ? Mul255(value, scale) : static_cast<uint8_t>(value);
+        }
+        coverage = combined;
+      }
+      if (shader) {
+        if (mode == kSrcOver_VYRBlendMode && shader->blendRowSrcOver(x0, y, count, dst.addr(x0, y), coverage)) return;
+        if (!shaded) shader->shadeRow(left, y, right - left, _rowSource.data());
+        shaded = true;
+        VYRRasterBlender::BlendRow(mode, dst.addr(x0, y), _rowSource.data() + (x0 - left), coverage, count);
+      } else {
+        VYRRasterBlender::BlendSolidRow(mode, dst.addr(x0, y), color, coverage, count);
+      }
+    };
+    // Inside the clip's opaque run the shape's coverage goes as it is.
+    const VYRRasterClip::Run opaque = _clip.opaqueRun(y);
+    const int innerLeft = std::clamp(opaque.left, left, right);
+    const int innerRight = std::clamp(opaque.right, innerLeft, right);
+    blendSpan(left, innerLeft, true);
+    blendSpan(innerLeft, innerRight, false);
+    blendSpan(innerRight, right, true);
   }
 }
 
@@ -304,13 +334,17 @@ void VYRRasterCanvas::drawShape(const VYRRasterPath& i_path, const VYRRasterPain
   const VYRRasterPaint::Style style = i_forceStroke ? VYRRasterPaint::kStroke_Style : i_paint.getStyle();
   const VYRRasterIRect clipBounds = _clip.getBounds();
   const bool inverse = i_path.isInverseFillType();
-  VYRRasterMask coverage;
+  VYRRasterMask& coverage = _shapeCoverage;
+  coverage.reset();
   float coverageScale = 1.0f;
 
   if (style != VYRRasterPaint::kStroke_Style) {
-    VYRRasterPath device;
+    VYRRasterPath& device = _devicePath;
     i_path.transform(_matrix, &device);
-    _pCoverage->FillPath(device, i_paint.isAntiAlias(), clipBounds, &coverage);
+    // Scan convert only what the clip touches; an inverse fill needs the whole clip.
+    VYRRasterIRect limit = clipBounds;
+    if (!inverse && device.isFinite()) limit = _clip.coveredBounds(VYRRasterRoundOut(device.getBounds()));
+    if (!limit.isEmpty()) _pCoverage->FillPath(device, i_paint.isAntiAlias(), limit, &coverage);
   }
   if (style != VYRRasterPaint::kFill_Style) {
     const VYRRasterPath* stroked = &i_path;
@@ -354,6 +388,9 @@ void VYRRasterCanvas::drawShape(const VYRRasterPath& i_path, const VYRRasterPain
   if (inverse && style == VYRRasterPaint::kFill_Style) coverage = InvertMask(coverage, clipBounds);
   if (coverage.isEmpty()) return;
   paintMask(&coverage, i_paint, coverageScale);
+  // Keep the scratch of small shapes only: one huge fill should not hold its memory.
+  constexpr size_t kKeptScratchBytes = size_t(1) << 20;
+  if (coverage.alpha.capacity() > kKeptScratchBytes) coverage = VYRRasterMask();
 }
 
 void VYRRasterCanvas::drawPaint(const VYRRasterPaint& i_paint) { paintMask(nullptr, i_paint, 1.0f); }

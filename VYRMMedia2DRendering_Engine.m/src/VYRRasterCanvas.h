@@ -157,4 +157,9 @@ class VYR_EXPORT VYRRasterCanvas : public VYRBaseUnknown {
   VYRRasterClip _clip;
   std::vector<SaveRecord> _saves;
   std::vector<LayerRecord> _layers;
+  // Scratch of the draws, kept so that a run of small draws allocates nothing.
+  VYRRasterPath _devicePath;
+  VYRRasterMask _shapeCoverage;
+  std::vector<uint32_t> _rowSource;
+  std::vector<uint8_t> _rowCoverage;
 };

@@ -33,7 +33,7 @@ void VYRRasterClip::setRect(const VYRRasterIRect& i_rect) {
   _bounds = i_rect.isEmpty() ? VYRRasterIRect{} : i_rect;
   _isRect = true;
   _mask = VYRRasterMask();
-  _opaqueRuns.clear();
+  _rowRuns.clear();
 }
 
 void VYRRasterClip::toMask() {
@@ -148,7 +148,7 @@ void VYRRasterClip::shrinkToFit() {
     setEmpty();
     return;
   }
-  if (used == _bounds) return findOpaqueRuns();
+  if (used == _bounds) return findRowRuns();
   VYRRasterMask trimmed;
   trimmed.allocate(used, 0);
   for (int y = used.top; y < used.bottom; ++y)
@@ -158,25 +158,48 @@ void VYRRasterClip::shrinkToFit() {
   // A trimmed mask may now be all 255 (a rectangle after difference).
   for (int y = _bounds.top; y < _bounds.bottom; ++y) {
     const uint8_t* row = _mask.row(y);
-    if (std::any_of(row, row + _bounds.width(), [](uint8_t v) { return v != 255; })) return findOpaqueRuns();
+    if (std::any_of(row, row + _bounds.width(), [](uint8_t v) { return v != 255; })) return findRowRuns();
   }
   setRect(_bounds);
 }
 
-void VYRRasterClip::findOpaqueRuns() {
-  _opaqueRuns.assign(static_cast<size_t>(_bounds.height()), Run{});
+void VYRRasterClip::findRowRuns() {
+  const int width = _bounds.width();
+  _rowRuns.assign(static_cast<size_t>(_bounds.height()), RowRuns{});
   for (int y = _bounds.top; y < _bounds.bottom; ++y) {
     const uint8_t* row = _mask.row(y);
-    Run& best = _opaqueRuns[static_cast<size_t>(y - _bounds.top)];
-    for (int x = 0; x < _bounds.width();) {
+    RowRuns& runs = _rowRuns[static_cast<size_t>(y - _bounds.top)];
+    int first = 0, last = width;
+    while (first < width && row[first] == 0) ++first;
+    while (last > first && row[last - 1] == 0) --last;
+    runs.covered = Run{_bounds.left + first, _bounds.left + last};
+    Run& best = runs.opaque;
+    for (int x = first; x < last;) {
       if (row[x] != 255) {
         ++x;
         continue;
       }
       int end = x;
-      while (end < _bounds.width() && row[end] == 255) ++end;
+      while (end < last && row[end] == 255) ++end;
       if (end - x > best.right - best.left) best = Run{_bounds.left + x, _bounds.left + end};
       x = end;
     }
   }
+}
+
+VYRRasterIRect VYRRasterClip::coveredBounds(const VYRRasterIRect& i_area) const {
+  VYRRasterIRect area = i_area;
+  if (!area.intersect(_bounds)) return VYRRasterIRect{};
+  if (_isRect) return area;
+  VYRRasterIRect used{area.right, area.bottom, area.left, area.top};
+  for (int y = area.top; y < area.bottom; ++y) {
+    const Run run = rowRuns(y).covered;
+    const int left = std::max(run.left, area.left), right = std::min(run.right, area.right);
+    if (left >= right) continue;
+    used.left = std::min(used.left, left);
+    used.right = std::max(used.right, right);
+    used.top = std::min(used.top, y);
+    used.bottom = std::max(used.bottom, y + 1);
+  }
+  return used.isEmpty() ? VYRRasterIRect{} : used;
 }

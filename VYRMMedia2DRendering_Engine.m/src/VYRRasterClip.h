@@ -27,25 +27,36 @@ class VYR_EXPORT VYRRasterClip {
 
   // Coverage of the clip for pixels x .. x + count - 1 of row y (all within the bounds).
   void getRow(int x, int y, int count, uint8_t* o_coverage) const;
-  // Whether pixels i_left .. i_right - 1 of row y (within the bounds) are wholly inside,
-  // so that painting there needs no clip coverage.
-  bool isOpaqueRun(int y, int i_left, int i_right) const {
-    if (_isRect) return true;
-    const Run& run = _opaqueRuns[static_cast<size_t>(y - _bounds.top)];
-    return run.left <= i_left && i_right <= run.right;
-  }
-
- private:
+  // Pixels left .. right - 1 of a row.
   struct Run {
     int left = 0, right = 0;
   };
+  // Whether pixels i_left .. i_right - 1 of row y (within the bounds) are wholly inside,
+  // so that painting there needs no clip coverage.
+  bool isOpaqueRun(int y, int i_left, int i_right) const {
+    const Run run = opaqueRun(y);
+    return run.left <= i_left && i_right <= run.right;
+  }
+  // The longest run of row y (within the bounds) wholly inside the clip.
+  Run opaqueRun(int y) const { return _isRect ? Run{_bounds.left, _bounds.right} : rowRuns(y).opaque; }
+  // The pixels of row y (within the bounds) from the first to the last the clip touches.
+  Run coveredRun(int y) const { return _isRect ? Run{_bounds.left, _bounds.right} : rowRuns(y).covered; }
+  // The smallest rectangle within i_area holding every pixel of it the clip touches.
+  VYRRasterIRect coveredBounds(const VYRRasterIRect& i_area) const;
+
+ private:
+  struct RowRuns {
+    Run opaque;   // longest run of full coverage
+    Run covered;  // first to last pixel of non-zero coverage
+  };
+  const RowRuns& rowRuns(int y) const { return _rowRuns[static_cast<size_t>(y - _bounds.top)]; }
 
   void toMask();
   void shrinkToFit();
-  void findOpaqueRuns();
+  void findRowRuns();
 
   VYRRasterIRect _bounds;
   bool _isRect = true;
   VYRRasterMask _mask;
-  std::vector<Run> _opaqueRuns;  // per mask row, its longest run of full coverage
+  std::vector<RowRuns> _rowRuns;  // per mask row
 };

@@ -18,6 +18,11 @@ struct VYRRasterMask {
     bounds = i_bounds.isEmpty() ? VYRRasterIRect{} : i_bounds;
     alpha.assign(static_cast<size_t>(rowBytes()) * static_cast<size_t>(bounds.height()), i_value);
   }
+  // Empties the mask, keeping its buffer for the next allocate.
+  void reset() {
+    bounds = VYRRasterIRect{};
+    alpha.clear();
+  }
   uint8_t* row(int y) { return alpha.data() + static_cast<size_t>(y - bounds.top) * rowBytes(); }
   const uint8_t* row(int y) const { return alpha.data() + static_cast<size_t>(y - bounds.top) * rowBytes(); }
   // Coverage at a device pixel; 0 outside the bounds.

@@ -17,6 +17,11 @@ inline bool VYRRasterHasAvx2() {
   static const bool has = __builtin_cpu_supports("avx2");
   return has;
 }
+
+// Div255Lanes on sixteen lanes.
+VYR_RASTER_AVX2 inline __m256i Div255Lanes256(__m256i x) {
+  return _mm256_mulhi_epu16(_mm256_add_epi16(x, _mm256_set1_epi16(128)), _mm256_set1_epi16(257));
+}
 #endif
 
 // x / 255 rounded in every 16-bit lane, (x + 128 + ((x + 128) >> 8)) >> 8, which for lanes
