@@ -386,7 +386,7 @@ VYR_RASTER_AVX2 void MixPairsAvx2(const uint32_t* i_upper, const uint32_t* i_low
   const __m256i lower = _mm256_set1_epi16(static_cast<short>(wy));
   const __m256i upper = _mm256_sub_epi16(_mm256_set1_epi16(256), lower);
   const __m256i lanes = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
-  auto mixGroup = [&](int c) VYR_RASTER_AVX2 {
+  auto mixGroup = [&](int c) VYR_RASTER_AVX2_INLINE {
     __m256i a, b;
     if (c + 8 <= i_last + 1) {
       a = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_upper + c));
@@ -428,21 +428,21 @@ VYR_RASTER_AVX2 void BlendColumnPairsAvx2(const uint16_t* i_pairs, const int* i_
                                           uint32_t* io_dst) {
   const __m256i zero = _mm256_setzero_si256();
   const __m256i alpha = _mm256_set1_epi16(static_cast<short>(i_alpha));
-  auto load = [](const uint16_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
+  auto load = [](const uint16_t* p) VYR_RASTER_AVX2_INLINE {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+  };
   // Pixels i to i + 7 under the coverage bytes in eight; only the lanes of i_lanes (all of them,
   // or those of a row's last pixels) are read and written.
-  auto blendEight = [&](int i, uint64_t eight, uint32_t* io_eight, const __m256i* i_lanes) VYR_RASTER_AVX2 {
-    __m256i samples[4];
-    for (int j = 0; j < 4; ++j) {
-      const int first = i + j, second = i + j + 4;
-      const __m256i pairs = _mm256_inserti128_si256(
-          _mm256_castsi128_si256(load(i_pairs + 8 * size_t(i_columns[first]))),
-          load(i_pairs + 8 * size_t(i_columns[second])), 1);
-      const __m256i weights = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_weights + 8 * size_t(i + 2 * j)));
-      samples[j] = _mm256_srli_epi32(_mm256_madd_epi16(pairs, weights), 8);
-    }
-    __m256i x = _mm256_packs_epi32(samples[0], samples[1]);  // pixels 0, 1 | 4, 5
-    __m256i y = _mm256_packs_epi32(samples[2], samples[3]);  // pixels 2, 3 | 6, 7
+  // Pixels i + j and i + j + 4, sampled from their column pairs.
+  auto sampleTwo = [&](int i, int j) VYR_RASTER_AVX2_INLINE {
+    const __m256i pairs = _mm256_inserti128_si256(_mm256_castsi128_si256(load(i_pairs + 8 * size_t(i_columns[i + j]))),
+                                                  load(i_pairs + 8 * size_t(i_columns[i + j + 4])), 1);
+    const __m256i weights = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(i_weights + 8 * size_t(i + 2 * j)));
+    return _mm256_srli_epi32(_mm256_madd_epi16(pairs, weights), 8);
+  };
+  auto blendEight = [&](int i, uint64_t eight, uint32_t* io_eight, const __m256i* i_lanes) VYR_RASTER_AVX2_INLINE {
+    __m256i x = _mm256_packs_epi32(sampleTwo(i, 0), sampleTwo(i, 1));  // pixels 0, 1 | 4, 5
+    __m256i y = _mm256_packs_epi32(sampleTwo(i, 2), sampleTwo(i, 3));  // pixels 2, 3 | 6, 7
     if (i_alpha != 256) {
       x = _mm256_srli_epi16(_mm256_mullo_epi16(x, alpha), 8);
       y = _mm256_srli_epi16(_mm256_mullo_epi16(y, alpha), 8);

@@ -13,6 +13,9 @@
 #if (defined(__GNUC__) || defined(__clang__)) && defined(__x86_64__)
 #include <immintrin.h>
 #define VYR_RASTER_AVX2 __attribute__((target("avx2")))
+// For the lambdas inside such functions: built for AVX2 too, and always
+// inlined, which -O2 would not do for a lambda called from two places.
+#define VYR_RASTER_AVX2_INLINE __attribute__((target("avx2"), always_inline))
 inline bool VYRRasterHasAvx2() {
   static const bool has = __builtin_cpu_supports("avx2");
   return has;
