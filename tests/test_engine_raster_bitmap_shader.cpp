@@ -11,8 +11,12 @@
 
 #include "VYRRasterBitmapShader.h"
 #include "VYRRasterMatrix.h"
+#include "RasterInstructionSets.h"
 
 namespace {
+
+class RasterBitmapShaderPaths : public RasterInstructionSets {};
+
 
 constexpr int kWidth = 7, kHeight = 5;
 
@@ -37,7 +41,7 @@ struct Case {
 
 // Scales whose inverses are exact in binary, so a row walked in steps and a pixel placed on
 // its own land on the same sampling point: both must give the same bytes.
-TEST(RasterBitmapShader, BilinearRowsEqualPixelByPixelSampling) {
+TEST_P(RasterBitmapShaderPaths, BilinearRowsEqualPixelByPixelSampling) {
   std::vector<uint32_t> pixels = VariedPixels();
   VYRRasterBitmap bitmap;
   bitmap.setConfig(kWidth, kHeight);
@@ -72,7 +76,7 @@ TEST(RasterBitmapShader, BilinearRowsEqualPixelByPixelSampling) {
 // Repeated tiles sampled at the nearest pixel walk several pixels at a time: under skews and
 // quarter turns whose inverses step exactly in binary, a row and each pixel placed on its own
 // must give the same bytes, across many wraps both ways.
-TEST(RasterBitmapShader, NearestRepeatedRowsEqualPixelByPixelSampling) {
+TEST_P(RasterBitmapShaderPaths, NearestRepeatedRowsEqualPixelByPixelSampling) {
   std::vector<uint32_t> pixels = VariedPixels();
   VYRRasterBitmap bitmap;
   bitmap.setConfig(kWidth, kHeight);
@@ -137,7 +141,7 @@ struct ScaledCase {
 // The one pass must write exactly what shading the row then blending it writes: odd widths,
 // sub-pixel offsets, reductions and enlargements, rows reaching beyond the bitmap on both sides
 // (clamped), a translucent paint, translucent bitmap pixels, any coverage or none.
-TEST(RasterBitmapShader, OnePassSourceOverEqualsShadingThenBlending) {
+TEST_P(RasterBitmapShaderPaths, OnePassSourceOverEqualsShadingThenBlending) {
   // Wide enough for whole groups of columns and a partial one.
   constexpr int kWide = 37, kHigh = 6;
   std::vector<uint32_t> pixels = VariedPixels(kWide, kHigh);
@@ -204,3 +208,5 @@ TEST(RasterBitmapShader, OnePassOnlyForClampedBilinearScaling) {
   EXPECT_TRUE(offered(VYRRasterShader::kClamp_TileMode, VYRRasterBitmapShader::kBilinear_Filter,
                       VYRRasterMatrix::MakeScale(2, 3)));
 }
+
+INSTANTIATE_TEST_SUITE_P(InstructionSets, RasterBitmapShaderPaths, ::testing::Bool(), InstructionSetName);

@@ -5,8 +5,12 @@
 
 #include "VYRRasterBlendMode.h"
 #include "VYRRasterCanvas.h"
+#include "RasterInstructionSets.h"
 
 namespace {
+
+class RasterBlendPaths : public RasterInstructionSets {};
+
 uint32_t Blend(int mode, uint32_t src, uint32_t dst) {
   return VYRRasterBlender::BlendPixel(static_cast<VYRRasterBlendMode>(mode), src, dst);
 }
@@ -117,7 +121,7 @@ TEST(RasterBlend, DrawARGBFloodsTheClipInTheGivenMode) {
 // Source-over rows take a vectorised path; every row length (and so every tail)
 // must give what the per-channel formula gives: s' = s * cov / 255, then
 // s' + d * (255 - s'.alpha) / 255, each division rounded.
-TEST(RasterBlend, SourceOverRowsMatchThePerChannelFormula) {
+TEST_P(RasterBlendPaths, SourceOverRowsMatchThePerChannelFormula) {
   auto div255 = [](int x) { x += 128; return (x + (x >> 8)) >> 8; };
   auto channel = [](uint32_t c, int shift) { return int((c >> shift) & 0xFF); };
   std::mt19937 random(7);
@@ -155,7 +159,7 @@ TEST(RasterBlend, SourceOverRowsMatchThePerChannelFormula) {
 
 // The solid-colour row must give what the general row gives with the colour repeated, in
 // every mode, whatever the row's length and its mix of empty, partial and full coverage.
-TEST(RasterBlend, SolidRowsEqualGeneralRowsOfTheRepeatedColour) {
+TEST_P(RasterBlendPaths, SolidRowsEqualGeneralRowsOfTheRepeatedColour) {
   std::mt19937 random(7);
   std::uniform_int_distribution<int> byte(0, 255), runLength(1, 40);
   const uint32_t colours[] = {0x00000000u, 0xFF3080C0u, 0x80402010u, 0x01010000u, 0xC0C06000u};
@@ -188,3 +192,5 @@ TEST(RasterBlend, SolidRowsEqualGeneralRowsOfTheRepeatedColour) {
         }
       }
 }
+
+INSTANTIATE_TEST_SUITE_P(InstructionSets, RasterBlendPaths, ::testing::Bool(), InstructionSetName);

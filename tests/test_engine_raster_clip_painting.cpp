@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "RasterPaths.h"
 #include "VYRRasterCanvas.h"
 
 namespace {
@@ -17,23 +18,6 @@ constexpr int kWidth = 97, kHeight = 61;
 uint8_t Mul255(int a, int b) {
   int x = a * b + 128;
   return static_cast<uint8_t>((x + (x >> 8)) >> 8);
-}
-
-struct NamedPath {
-  std::string name;
-  VYRRasterPath path;
-};
-
-VYRRasterPath Polygon(std::initializer_list<VYRMathPoint2Df> i_points) {
-  VYRRasterPath path;
-  bool first = true;
-  for (const VYRMathPoint2Df& p : i_points) {
-    if (first) path.moveTo(p.x, p.y);
-    else path.lineTo(p.x, p.y);
-    first = false;
-  }
-  path.close();
-  return path;
 }
 
 std::vector<NamedPath> Shapes() {

@@ -6,29 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "RasterPaths.h"
 #include "VYRCairoCoverage.h"
 #include "VYRRasterCoverage.h"
 
 namespace {
-
-struct NamedPath {
-  std::string name;
-  VYRRasterPath path;
-};
-
-VYRRasterPath Polygon(std::initializer_list<VYRMathPoint2Df> i_points,
-                      VYRRasterPath::FillType i_fill = VYRRasterPath::kWinding_FillType) {
-  VYRRasterPath path;
-  bool first = true;
-  for (const VYRMathPoint2Df& p : i_points) {
-    if (first) path.moveTo(p.x, p.y);
-    else path.lineTo(p.x, p.y);
-    first = false;
-  }
-  path.close();
-  path.setFillType(i_fill);
-  return path;
-}
 
 // Outlines of every kind the default scan converter may route differently: convex, concave,
 // crossing themselves, several contours, curves.

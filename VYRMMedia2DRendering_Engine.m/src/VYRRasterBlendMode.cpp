@@ -252,6 +252,15 @@ void BlendRowT(uint32_t* io_dst, const uint32_t* i_src, const uint8_t* i_coverag
   }
 }
 
+#if defined(__SSE2__)
+// Thin shapes leave long uncovered runs in their masks: the row loops skip them
+// 16 pixels at a time, at pixels i to i + 15 when all lie in the row.
+inline bool SixteenUncovered(const uint8_t* i_coverage, int i, int i_count) {
+  return i_coverage && i % 16 == 0 && i + 16 <= i_count &&
+         _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(i_coverage + i)),
+                                          _mm_setzero_si128())) == 0xFFFF;
+}
+#endif
 
 // Source-over folds coverage into the source: Scale(s, cov) then source-over, four
 // pixels at a time with SSE2; the results equal the scalar form bit for bit.
@@ -262,10 +271,7 @@ void BlendRowT<kSrcOver_VYRBlendMode>(uint32_t* io_dst, const uint32_t* i_src, c
 #if defined(__SSE2__)
   const __m128i zero = _mm_setzero_si128();
   for (; i + 4 <= i_count; i += 4) {
-    // Thin shapes leave long uncovered runs in their masks: skip them 16 pixels at a time.
-    if (i_coverage && i % 16 == 0 && i + 16 <= i_count &&
-        _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(i_coverage + i)), zero)) ==
-            0xFFFF) {
+    if (SixteenUncovered(i_coverage, i, i_count)) {
       i += 12;
       continue;
     }
@@ -385,9 +391,7 @@ void SolidSrcOverRow(uint32_t* io_dst, uint32_t i_src, const uint8_t* i_coverage
   const __m128i inverseAlpha = _mm_set1_epi16(static_cast<short>(255 - A(i_src)));
   const bool opaque = A(i_src) == 255;
   for (; i + 4 <= i_count; i += 4) {
-    if (i_coverage && i % 16 == 0 && i + 16 <= i_count &&
-        _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(i_coverage + i)), zero)) ==
-            0xFFFF) {
+    if (SixteenUncovered(i_coverage, i, i_count)) {
       i += 12;
       continue;
     }

@@ -16,10 +16,13 @@
 // For the lambdas inside such functions: built for AVX2 too, and always
 // inlined, which -O2 would not do for a lambda called from two places.
 #define VYR_RASTER_AVX2_INLINE __attribute__((target("avx2"), always_inline))
-inline bool VYRRasterHasAvx2() {
-  static const bool has = __builtin_cpu_supports("avx2");
-  return has;
+// Whether the AVX2 routines run: where the processor has AVX2, unless they
+// were turned off (tests do so to check the SSE2 routines on such machines).
+inline bool& VYRRasterAvx2Enabled() {
+  static bool enabled = __builtin_cpu_supports("avx2");
+  return enabled;
 }
+inline bool VYRRasterHasAvx2() { return VYRRasterAvx2Enabled(); }
 
 // Div255Lanes on sixteen lanes.
 VYR_RASTER_AVX2 inline __m256i Div255Lanes256(__m256i x) {
