@@ -156,7 +156,7 @@ char* ReadCountedBytes(VYRI2DGStream* ipStream, int& o_length) {
   if (length <= 0 || !VYR_CHECK_CONDITION(ipStream->CountFits(length, 1))) return nullptr;
   char* pBytes = new (std::nothrow) char[length];
   if (!VYR_CHECK_POINTER(pBytes)) return nullptr;
-  for (int i = 0; i < length; ++i) ipStream->Unstream(pBytes[i]);
+  ipStream->ReadBytes(pBytes, length);  // pixel bytes: one copy, not a call per byte
   o_length = length;
   return pBytes;
 }
