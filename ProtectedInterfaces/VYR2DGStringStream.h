@@ -54,22 +54,26 @@ class VYR_EXPORT VYR2DGStringStream : public VYRI2DGStream {
   long LoadBuffer(const char* i_bytes, int i_length);
 
   // The bytes written or loaded, and their count.
-  const char* GetBuffer() const { return _pBuffer; }
-  int GetSize() const { return _size; }
-  int GetCapacity() const { return _capacity; }
+  const char* GetBuffer() const { return _window.pBuffer; }
+  int GetSize() const { return _window.size; }
+  int GetCapacity() const { return _window.capacity; }
   unsigned int GetGrowthStep() const { return _growthStep; }
 
   long long GetReadableBytesLeft() const override;
-  bool HasFailed() const override { return _failed; }
-  void ClearFailure() { _failed = false; }
+  bool HasFailed() const override { return _window.failed; }
+  void ClearFailure() { _window.failed = false; }
 
  private:
   struct SharedBlock;
 
   template <class T>
-  void WriteValue(T i_value);
+  void WriteValue(T i_value) {
+    if (!PutInWindow(&i_value, sizeof(T))) Write(&i_value, sizeof(T));
+  }
   template <class T>
-  void ReadValue(T& o_value);
+  void ReadValue(T& o_value) {
+    if (!TakeFromWindow(&o_value, sizeof(T))) ReadBytes(&o_value, sizeof(T));
+  }
   // Writes w bytes taken from up to two pieces (a counted string is its length, then its bytes).
   void Write(const void* i_first, int i_firstLength, const void* i_second = nullptr, int i_secondLength = 0);
   // Makes room for a total of i_requiredSize bytes; false when it cannot.
@@ -80,11 +84,7 @@ class VYR_EXPORT VYR2DGStringStream : public VYRI2DGStream {
   // Reads exactly i_count bytes of an open file into a new block.
   VYRStatus ReadBlock(VYRFileData* ipFile, int i_count, SharedBlock*& opBlock);
 
-  SharedBlock* _pBlock = nullptr;  // owner of _pBuffer, shared by shallow copies
-  char* _pBuffer = nullptr;
-  char* _pCursor = nullptr;
-  int _capacity = 0;
-  int _size = 0;
+  // Buffer, cursor, capacity, size and the failed state are the window's.
+  SharedBlock* _pBlock = nullptr;  // owner of the buffer, shared by shallow copies
   unsigned int _growthStep = 0;
-  bool _failed = false;
 };

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <climits>
+#include <cstring>
+#include <type_traits>
 
 #include "VYRExport.h"
 
@@ -51,6 +53,81 @@ class VYR_EXPORT VYRI2DGStream {
     return i_count >= 0 && (i_bytesPerItem <= 0 || i_count <= GetReadableBytesLeft() / i_bytesPerItem);
   }
 
+  // Stream(value) and Unstream(value) for callers that know the value's type:
+  // the same bytes, written or read in place while the stream's buffer
+  // window (below) has room for them, through the virtual operation otherwise.
+  template <class T>
+  void StreamValue(T i_value) {
+    static_assert(kIsValueType<T>, "only the stream's value types are written");
+    if (!PutInWindow(&i_value, sizeof(T))) Stream(i_value);
+  }
+  template <class T>
+  void UnstreamValue(T& o_value) {
+    static_assert(kIsValueType<T>, "only the stream's value types are read");
+    if (!TakeFromWindow(&o_value, sizeof(T))) Unstream(o_value);
+  }
+  // Stream(bytes, length), in place in the same way.
+  void StreamCounted(const char* i_bytes, int i_length) {
+    if (!PutCountedInWindow(i_bytes, i_length)) Stream(i_bytes, i_length);
+  }
+  // WriteBytes and ReadBytes, in place in the same way.
+  void StreamBytes(const void* i_bytes, int i_length) {
+    if (!PutInWindow(i_bytes, i_length)) WriteBytes(i_bytes, i_length);
+  }
+  bool UnstreamBytes(void* o_destination, int i_length) {
+    return TakeFromWindow(o_destination, i_length) || ReadBytes(o_destination, i_length);
+  }
+
+  template <class T>
+  static constexpr bool kIsValueType = std::is_same_v<T, float> || std::is_same_v<T, double> ||
+                                       std::is_same_v<T, int> || std::is_same_v<T, unsigned int> ||
+                                       std::is_same_v<T, unsigned char> || std::is_same_v<T, char>;
+
  protected:
   ~VYRI2DGStream() = default;
+
+  // A stream that keeps its bytes in one memory buffer describes it here, so
+  // that the inline operations above reach the bytes without a virtual call;
+  // it keeps the window in step with itself. A stream without such a buffer
+  // leaves it empty, and all its values go through the virtual operations.
+  struct ByteWindow {
+    char* pBuffer = nullptr;
+    char* pCursor = nullptr;  // where the next value is written or read
+    int capacity = 0;         // a write stays strictly below it
+    int size = 0;             // bytes written or loaded; a read stays within them
+    bool failed = false;      // a failed stream reads nothing in place
+  };
+  ByteWindow _window;
+
+  // Writes at the cursor when the bytes fit below the capacity; false, with
+  // nothing written, when they do not (or there is no window).
+  bool PutInWindow(const void* i_bytes, int i_length) {
+    if (!_window.pCursor || i_length <= 0 || !i_bytes ||
+        static_cast<long long>(_window.size) + i_length >= _window.capacity)
+      return false;
+    std::memcpy(_window.pCursor, i_bytes, static_cast<size_t>(i_length));
+    _window.pCursor += i_length;
+    _window.size += i_length;
+    return true;
+  }
+  // A counted string: its length, then its bytes (none for a length of 0 or
+  // less), written whole or not at all.
+  bool PutCountedInWindow(const char* i_bytes, int i_length) {
+    if (i_length <= 0) return PutInWindow(&i_length, sizeof i_length);
+    if (!_window.pCursor || !i_bytes ||
+        static_cast<long long>(_window.size) + static_cast<long long>(sizeof i_length) + i_length >= _window.capacity)
+      return false;
+    PutInWindow(&i_length, sizeof i_length);
+    return PutInWindow(i_bytes, i_length);
+  }
+  // Reads at the cursor when that many bytes are left and the stream has not
+  // failed; false, with nothing read, otherwise. A null destination skips.
+  bool TakeFromWindow(void* o_destination, int i_length) {
+    if (_window.failed || !_window.pCursor || i_length <= 0 ||
+        _window.size - (_window.pCursor - _window.pBuffer) < i_length)
+      return false;
+    if (o_destination) std::memcpy(o_destination, _window.pCursor, static_cast<size_t>(i_length));
+    _window.pCursor += i_length;
+    return true;
+  }
 };

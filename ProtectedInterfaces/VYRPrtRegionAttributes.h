@@ -16,7 +16,8 @@ class VYR_EXPORT VYRPrtRegionAttributes {
 
   VYRPrtRegionAttributes() = default;
   // Default values, none of them marked as given.
-  VYRPrtRegionAttributes(double i_x, double i_y, double i_width, double i_height);
+  VYRPrtRegionAttributes(double i_x, double i_y, double i_width, double i_height)
+      : _x(i_x), _y(i_y), _width(i_width), _height(i_height) {}
   virtual ~VYRPrtRegionAttributes() = default;
 
   // What a mask or a filter covers when the document gives no region:

@@ -11,7 +11,9 @@
 class VYR_EXPORT VYRUnicodeString {
  public:
   VYRUnicodeString() = default;
-  VYRUnicodeString(const char* i_text);  // NOLINT: narrow text converts implicitly, as hosts expect
+  // NOLINTNEXTLINE: narrow text converts implicitly, as hosts expect. Inline, so that a literal's
+  // length is known where the string is built (element defaults are made in bulk by the pools).
+  VYRUnicodeString(const char* i_text) : _text(i_text ? i_text : "") {}
   VYRUnicodeString(const char* i_text, int i_length);
   explicit VYRUnicodeString(const std::string& i_text) : _text(i_text) {}
 

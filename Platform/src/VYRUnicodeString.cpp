@@ -29,8 +29,6 @@ char32_t DecodeOne(const std::string& i_text, size_t& io_pos) {
 
 }  // namespace
 
-VYRUnicodeString::VYRUnicodeString(const char* i_text) : _text(i_text ? i_text : "") {}
-
 VYRUnicodeString::VYRUnicodeString(const char* i_text, int i_length) { BuildFromChar(i_text, i_length); }
 
 void VYRUnicodeString::BuildFromChar(const char* i_text, int i_length) {

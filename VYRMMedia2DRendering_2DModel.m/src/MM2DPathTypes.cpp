@@ -46,8 +46,8 @@ void ArcEndPointParameters::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_firstPoint, ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_secondPoint, ipStream);
-  ipStream->Stream(static_cast<int>(_largeArcFlag));
-  ipStream->Stream(static_cast<int>(_sweepFlag));
+  ipStream->StreamValue(static_cast<int>(_largeArcFlag));
+  ipStream->StreamValue(static_cast<int>(_sweepFlag));
 }
 
 // Each flag is read as a 32-bit int into its one-byte field.
@@ -56,8 +56,8 @@ void ArcEndPointParameters::Unstream(VYRI2DGStream* ipStream) {
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_firstPoint, ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_secondPoint, ipStream);
   int largeArc = 0, sweep = 0;
-  ipStream->Unstream(largeArc);
-  ipStream->Unstream(sweep);
+  ipStream->UnstreamValue(largeArc);
+  ipStream->UnstreamValue(sweep);
   _largeArcFlag = static_cast<unsigned char>(largeArc);
   _sweepFlag = static_cast<unsigned char>(sweep);
 }

@@ -15,17 +15,17 @@ inline void StreamItem(const VYRMathPoint2D& i_point, VYRI2DGStream* ipStream) {
   VYRMathPoint2D point = i_point;
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(point, ipStream);
 }
-inline void StreamItem(double i_value, VYRI2DGStream* ipStream) { ipStream->Stream(i_value); }
-inline void StreamItem(int i_value, VYRI2DGStream* ipStream) { ipStream->Stream(i_value); }
+inline void StreamItem(double i_value, VYRI2DGStream* ipStream) { ipStream->StreamValue(i_value); }
+inline void StreamItem(int i_value, VYRI2DGStream* ipStream) { ipStream->StreamValue(i_value); }
 inline void UnstreamItem(VYRMathPoint2D& o_point, VYRI2DGStream* ipStream) {
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(o_point, ipStream);
 }
-inline void UnstreamItem(double& o_value, VYRI2DGStream* ipStream) { ipStream->Unstream(o_value); }
-inline void UnstreamItem(int& o_value, VYRI2DGStream* ipStream) { ipStream->Unstream(o_value); }
+inline void UnstreamItem(double& o_value, VYRI2DGStream* ipStream) { ipStream->UnstreamValue(o_value); }
+inline void UnstreamItem(int& o_value, VYRI2DGStream* ipStream) { ipStream->UnstreamValue(o_value); }
 
 template <class T>
 void StreamArray(const VYRSYPDynArray<T>& i_array, VYRI2DGStream* ipStream) {
-  ipStream->Stream(i_array.GetLength());
+  ipStream->StreamValue(i_array.GetLength());
   for (const T& item : i_array) StreamItem(item, ipStream);
 }
 
@@ -34,7 +34,7 @@ void StreamArray(const VYRSYPDynArray<T>& i_array, VYRI2DGStream* ipStream) {
 template <class T>
 bool UnstreamArray(VYRSYPDynArray<T>& o_array, VYRI2DGStream* ipStream) {
   int count = 0;
-  ipStream->Unstream(count);
+  ipStream->UnstreamValue(count);
   if (!VYR_CHECK_CONDITION_TEXT(ipStream->CountFits(count, sizeof(T)), "array count within the stream")) {
     return false;
   }

@@ -99,7 +99,7 @@ void VYRPrtBaseGradientElt::Stream(VYRI2DGStream* ipStream) {
   StreamEnum(_spread, ipStream);
   _gradientTransform.Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRUnicodeString(_hrefID, ipStream);
-  ipStream->Stream(_stops.GetLength());
+  ipStream->StreamValue(_stops.GetLength());
   for (VYRPrtGradientStopElt* pStop : _stops) VYRPrtStreamUnstreamHelper::SerializeVYRPrtGraphicPrimitiveElt(pStop, ipStream);
 }
 
@@ -111,7 +111,7 @@ void VYRPrtBaseGradientElt::Unstream(VYRI2DGStream* ipStream) {
   _gradientTransform.Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(_hrefID, ipStream);
   int count = 0;
-  ipStream->Unstream(count);
+  ipStream->UnstreamValue(count);
   if (count <= 0 || !VYR_CHECK_CONDITION(ipStream->CountFits(count, kSmallestStopRecord))) return;
   for (int i = 0; i < count && !ipStream->HasFailed(); ++i) {
     VYRPrtGraphicPrimitiveElt* pElt = VYRPrtStreamUnstreamHelper::CreateVYRPrtGraphicPrimitiveEltFromStream(ipStream);

@@ -36,7 +36,7 @@ void VYRPrtBaseShapeElt::Stream(VYRI2DGStream* ipStream) {
   VYRPrtGraphicPrimitiveElt::Stream(ipStream);
   _strokeAttributes.Stream(ipStream);
   _fillAttributes.Stream(ipStream);
-  ipStream->Stream(_drawStyle);
+  ipStream->StreamValue(_drawStyle);
 }
 
 void VYRPrtBaseShapeElt::Unstream(VYRI2DGStream* ipStream) {
@@ -44,7 +44,7 @@ void VYRPrtBaseShapeElt::Unstream(VYRI2DGStream* ipStream) {
   VYRPrtGraphicPrimitiveElt::Unstream(ipStream);
   _strokeAttributes.Unstream(ipStream);
   _fillAttributes.Unstream(ipStream);
-  ipStream->Unstream(_drawStyle);
+  ipStream->UnstreamValue(_drawStyle);
 }
 
 void VYRPrtBaseShapeElt::StreamPointAndThreeValues(VYRI2DGStream* ipStream, const VYRMathPoint2D& i_point,
@@ -52,16 +52,16 @@ void VYRPrtBaseShapeElt::StreamPointAndThreeValues(VYRI2DGStream* ipStream, cons
   if (!ipStream) return;
   VYRMathPoint2D point = i_point;
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(point, ipStream);
-  ipStream->Stream(i_first);
-  ipStream->Stream(i_second);
-  ipStream->Stream(i_third);
+  ipStream->StreamValue(i_first);
+  ipStream->StreamValue(i_second);
+  ipStream->StreamValue(i_third);
 }
 
 void VYRPrtBaseShapeElt::UnstreamPointAndThreeValues(VYRI2DGStream* ipStream, VYRMathPoint2D& o_point,
                                                      double& o_first, double& o_second, double& o_third) {
   if (!ipStream) return;
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(o_point, ipStream);
-  ipStream->Unstream(o_first);
-  ipStream->Unstream(o_second);
-  ipStream->Unstream(o_third);
+  ipStream->UnstreamValue(o_first);
+  ipStream->UnstreamValue(o_second);
+  ipStream->UnstreamValue(o_third);
 }

@@ -95,9 +95,9 @@ void VYRPrtBitmapImageElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtGraphicPrimitiveElt::Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_position, ipStream);
-  ipStream->Stream(_width);
-  ipStream->Stream(_height);
-  ipStream->Stream(_orientation);
+  ipStream->StreamValue(_width);
+  ipStream->StreamValue(_height);
+  ipStream->StreamValue(_orientation);
   VYRPrtStreamUnstreamHelper::SerializeVYRPixelImage(_pPixelImage, ipStream);
 }
 
@@ -105,9 +105,9 @@ void VYRPrtBitmapImageElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtGraphicPrimitiveElt::Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_position, ipStream);
-  ipStream->Unstream(_width);
-  ipStream->Unstream(_height);
-  ipStream->Unstream(_orientation);
+  ipStream->UnstreamValue(_width);
+  ipStream->UnstreamValue(_height);
+  ipStream->UnstreamValue(_orientation);
   // The image read comes with the reference its creation gave it, which becomes ours.
   VYRPixelImage* pImage = VYRPrtStreamUnstreamHelper::CreateVYRPixelImageFromStream(ipStream);
   SetPixelImage(nullptr);

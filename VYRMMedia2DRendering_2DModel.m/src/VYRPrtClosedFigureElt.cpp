@@ -44,7 +44,7 @@ StreamType VYRPrtClosedFigureElt::GetStreamType() { return kStreamTypeClosedFigu
 void VYRPrtClosedFigureElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtNodeTreeElt::Stream(ipStream);
-  ipStream->Stream(_drawStyle);
+  ipStream->StreamValue(_drawStyle);
   _strokeAttributes.Stream(ipStream);
   _fillAttributes.Stream(ipStream);
 }
@@ -52,7 +52,7 @@ void VYRPrtClosedFigureElt::Stream(VYRI2DGStream* ipStream) {
 void VYRPrtClosedFigureElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtNodeTreeElt::Unstream(ipStream);
-  ipStream->Unstream(_drawStyle);
+  ipStream->UnstreamValue(_drawStyle);
   _strokeAttributes.Unstream(ipStream);
   _fillAttributes.Unstream(ipStream);
 }

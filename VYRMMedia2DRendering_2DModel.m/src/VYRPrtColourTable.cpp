@@ -148,15 +148,15 @@ int VYRPrtColourTable::GetColourCount(int& oCount) const {
 
 void VYRPrtColourTable::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(kColourTableTag);
-  ipStream->Stream(_capacity);
-  ipStream->Stream(_colourCount);
+  ipStream->StreamValue(kColourTableTag);
+  ipStream->StreamValue(_capacity);
+  ipStream->StreamValue(_colourCount);
   if (_colourCount > _capacity) return;
   // Interleaved per colour, although the table keeps the components apart.
   for (unsigned int index = 0; index < _colourCount; ++index) {
-    ipStream->Stream(_paRedTab[index]);
-    ipStream->Stream(_paGreenTab[index]);
-    ipStream->Stream(_paBlueTab[index]);
+    ipStream->StreamValue(_paRedTab[index]);
+    ipStream->StreamValue(_paGreenTab[index]);
+    ipStream->StreamValue(_paBlueTab[index]);
   }
 }
 
@@ -167,8 +167,8 @@ void VYRPrtColourTable::Unstream(VYRI2DGStream* ipStream) {
   _colourCount = 0;
   unsigned int capacity = 0;
   unsigned int count = 0;
-  ipStream->Unstream(capacity);
-  ipStream->Unstream(count);
+  ipStream->UnstreamValue(capacity);
+  ipStream->UnstreamValue(count);
   if (capacity == 0) return;
   // A count above the capacity means no colours follow; such a table holds nothing usable.
   if (!VYR_CHECK_CONDITION(count <= capacity)) return;
@@ -185,9 +185,9 @@ void VYRPrtColourTable::Unstream(VYRI2DGStream* ipStream) {
   }
   _capacity = _slotCount = capacity;
   for (unsigned int index = 0; index < count; ++index) {
-    ipStream->Unstream(_paRedTab[index]);
-    ipStream->Unstream(_paGreenTab[index]);
-    ipStream->Unstream(_paBlueTab[index]);
+    ipStream->UnstreamValue(_paRedTab[index]);
+    ipStream->UnstreamValue(_paGreenTab[index]);
+    ipStream->UnstreamValue(_paBlueTab[index]);
   }
   _colourCount = count;
 }

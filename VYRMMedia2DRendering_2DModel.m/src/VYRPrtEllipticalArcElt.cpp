@@ -47,12 +47,12 @@ void VYRPrtEllipticalArcElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtBaseShapeElt::Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_center, ipStream);
-  for (double value : {_horzRadius, _vertRadius, _startAngle, _sweepAngle, _slope}) ipStream->Stream(value);
+  for (double value : {_horzRadius, _vertRadius, _startAngle, _sweepAngle, _slope}) ipStream->StreamValue(value);
 }
 
 void VYRPrtEllipticalArcElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtBaseShapeElt::Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_center, ipStream);
-  for (double* pValue : {&_horzRadius, &_vertRadius, &_startAngle, &_sweepAngle, &_slope}) ipStream->Unstream(*pValue);
+  for (double* pValue : {&_horzRadius, &_vertRadius, &_startAngle, &_sweepAngle, &_slope}) ipStream->UnstreamValue(*pValue);
 }

@@ -6,12 +6,12 @@
 // as it is, since all model enumerations have a 32-bit underlying type.
 template <class E>
 void StreamEnum(E i_value, VYRI2DGStream* ipStream) {
-  ipStream->Stream(static_cast<int>(i_value));
+  ipStream->StreamValue(static_cast<int>(i_value));
 }
 
 template <class E>
 void UnstreamEnum(E& o_value, VYRI2DGStream* ipStream) {
   int value = 0;
-  ipStream->Unstream(value);
+  ipStream->UnstreamValue(value);
   o_value = static_cast<E>(value);
 }

@@ -122,7 +122,7 @@ void VYRPrtFillAttributes::Stream(VYRI2DGStream* ipStream) {
   Helper::SerializeVYRMathVector2D(_patternVector2, ipStream);
   Helper::SerializeVYRMathPoint2D(_patternRefPoint, ipStream);
   Helper::SerializeGradientOfType(_pGradient, _gradientType, ipStream);
-  ipStream->Stream(static_cast<unsigned int>(_gradientType));
+  ipStream->StreamValue(static_cast<unsigned int>(_gradientType));
 }
 
 void VYRPrtFillAttributes::Unstream(VYRI2DGStream* ipStream) {
@@ -141,6 +141,6 @@ void VYRPrtFillAttributes::Unstream(VYRI2DGStream* ipStream) {
   Helper::CreateVYRMathPoint2DFromStream(_patternRefPoint, ipStream);
   ReleaseAndClear(_pGradient);
   _pGradient = Helper::CreateGradientFromKindTag(ipStream);
-  ipStream->Unstream(gradientType);
+  ipStream->UnstreamValue(gradientType);
   _gradientType = static_cast<MM2D::GradientType>(gradientType);
 }

@@ -40,17 +40,17 @@ bool VYRPrtFilterColorAttribute::operator==(const VYRPrtFilterColorAttribute& i_
 
 void VYRPrtFilterColorAttribute::Stream(VYRI2DGStream* ipStream) const {
   if (!ipStream) return;
-  ipStream->Stream(kStreamTag);
-  for (unsigned char channel : {_floodRed, _floodGreen, _floodBlue}) ipStream->Stream(channel);
-  ipStream->Stream(_floodOpacity);
-  for (unsigned char channel : {_lightingRed, _lightingGreen, _lightingBlue}) ipStream->Stream(channel);
+  ipStream->StreamValue(kStreamTag);
+  for (unsigned char channel : {_floodRed, _floodGreen, _floodBlue}) ipStream->StreamValue(channel);
+  ipStream->StreamValue(_floodOpacity);
+  for (unsigned char channel : {_lightingRed, _lightingGreen, _lightingBlue}) ipStream->StreamValue(channel);
   StreamEnum(_colorInterpolation, ipStream);
 }
 
 void VYRPrtFilterColorAttribute::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  for (unsigned char* pChannel : {&_floodRed, &_floodGreen, &_floodBlue}) ipStream->Unstream(*pChannel);
-  ipStream->Unstream(_floodOpacity);
-  for (unsigned char* pChannel : {&_lightingRed, &_lightingGreen, &_lightingBlue}) ipStream->Unstream(*pChannel);
+  for (unsigned char* pChannel : {&_floodRed, &_floodGreen, &_floodBlue}) ipStream->UnstreamValue(*pChannel);
+  ipStream->UnstreamValue(_floodOpacity);
+  for (unsigned char* pChannel : {&_lightingRed, &_lightingGreen, &_lightingBlue}) ipStream->UnstreamValue(*pChannel);
   UnstreamEnum(_colorInterpolation, ipStream);
 }

@@ -46,8 +46,8 @@ void VYRPrtFilterContainerElt::Stream(VYRI2DGStream* ipStream) {
   _region.Stream(ipStream);
   StreamEnum(_units, ipStream);
   StreamEnum(_primitiveUnits, ipStream);
-  ipStream->Stream(_resolutionX);
-  ipStream->Stream(_resolutionY);
+  ipStream->StreamValue(_resolutionX);
+  ipStream->StreamValue(_resolutionY);
   VYRPrtStreamUnstreamHelper::SerializeVYRUnicodeString(_hrefID, ipStream);
 }
 
@@ -57,7 +57,7 @@ void VYRPrtFilterContainerElt::Unstream(VYRI2DGStream* ipStream) {
   _region.Unstream(ipStream);
   UnstreamEnum(_units, ipStream);
   UnstreamEnum(_primitiveUnits, ipStream);
-  ipStream->Unstream(_resolutionX);
-  ipStream->Unstream(_resolutionY);
+  ipStream->UnstreamValue(_resolutionX);
+  ipStream->UnstreamValue(_resolutionY);
   VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(_hrefID, ipStream);
 }

@@ -29,13 +29,13 @@ StreamType VYRPrtFilterGaussianBlurElt::GetStreamType() { return kStreamTypeFilt
 void VYRPrtFilterGaussianBlurElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtFilterBaseElt::Stream(ipStream);
-  ipStream->Stream(_stdDeviationX);
-  ipStream->Stream(_stdDeviationY);
+  ipStream->StreamValue(_stdDeviationX);
+  ipStream->StreamValue(_stdDeviationY);
 }
 
 void VYRPrtFilterGaussianBlurElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtFilterBaseElt::Unstream(ipStream);
-  ipStream->Unstream(_stdDeviationX);
-  ipStream->Unstream(_stdDeviationY);
+  ipStream->UnstreamValue(_stdDeviationX);
+  ipStream->UnstreamValue(_stdDeviationY);
 }

@@ -29,13 +29,13 @@ StreamType VYRPrtFilterOffsetElt::GetStreamType() { return kStreamTypeFilterOffs
 void VYRPrtFilterOffsetElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtFilterBaseElt::Stream(ipStream);
-  ipStream->Stream(_dx);
-  ipStream->Stream(_dy);
+  ipStream->StreamValue(_dx);
+  ipStream->StreamValue(_dy);
 }
 
 void VYRPrtFilterOffsetElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtFilterBaseElt::Unstream(ipStream);
-  ipStream->Unstream(_dx);
-  ipStream->Unstream(_dy);
+  ipStream->UnstreamValue(_dx);
+  ipStream->UnstreamValue(_dy);
 }

@@ -48,19 +48,19 @@ StreamType VYRPrtGradientStopElt::GetStreamType() { return kStreamTypeGradientSt
 void VYRPrtGradientStopElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtGraphicPrimitiveElt::Stream(ipStream);
-  ipStream->Stream(_offset);
-  ipStream->Stream(_red);
-  ipStream->Stream(_green);
-  ipStream->Stream(_blue);
-  ipStream->Stream(_stopOpacity);
+  ipStream->StreamValue(_offset);
+  ipStream->StreamValue(_red);
+  ipStream->StreamValue(_green);
+  ipStream->StreamValue(_blue);
+  ipStream->StreamValue(_stopOpacity);
 }
 
 void VYRPrtGradientStopElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtGraphicPrimitiveElt::Unstream(ipStream);
-  ipStream->Unstream(_offset);
-  ipStream->Unstream(_red);
-  ipStream->Unstream(_green);
-  ipStream->Unstream(_blue);
-  ipStream->Unstream(_stopOpacity);
+  ipStream->UnstreamValue(_offset);
+  ipStream->UnstreamValue(_red);
+  ipStream->UnstreamValue(_green);
+  ipStream->UnstreamValue(_blue);
+  ipStream->UnstreamValue(_stopOpacity);
 }

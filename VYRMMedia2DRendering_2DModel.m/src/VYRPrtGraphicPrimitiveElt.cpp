@@ -28,7 +28,7 @@ void WriteReference(VYRPrtGraphicPrimitiveElt* ipElt, VYRI2DGStream* ipStream) {
   if (ipElt) {
     ipElt->Stream(ipStream);
   } else {
-    ipStream->Stream(0u);
+    ipStream->StreamValue(0u);
   }
 }
 
@@ -147,7 +147,7 @@ void VYRPrtGraphicPrimitiveElt::Stream(VYRI2DGStream* ipStream) {
   WriteReference(_pMask, ipStream);
   Helper::SerializeVYRUnicodeString(_filterID, ipStream);
   WriteReference(_pFilter, ipStream);
-  ipStream->Stream(_opacity);
+  ipStream->StreamValue(_opacity);
 }
 
 void VYRPrtGraphicPrimitiveElt::Unstream(VYRI2DGStream* ipStream) {
@@ -169,5 +169,5 @@ void VYRPrtGraphicPrimitiveElt::Unstream(VYRI2DGStream* ipStream) {
   _pMask = ReadReference<VYRPrtMaskElt>(ipStream);
   Helper::CreateVYRUnicodeStringFromStream(_filterID, ipStream);
   _pFilter = ReadReference<VYRPrtFilterContainerElt>(ipStream);
-  ipStream->Unstream(_opacity);
+  ipStream->UnstreamValue(_opacity);
 }

@@ -85,9 +85,9 @@ void VYRPrtImageElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtNodeTreeElt::Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_origin, ipStream);
-  ipStream->Stream(_width);
-  ipStream->Stream(_height);
-  ipStream->Stream(static_cast<int>(_units));
+  ipStream->StreamValue(_width);
+  ipStream->StreamValue(_height);
+  ipStream->StreamValue(static_cast<int>(_units));
   VYRPrtStreamUnstreamHelper::SerializeVYRMath2x2Matrix(_matrix, ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRPrtColourTable(_pColourTable, ipStream);
 }
@@ -96,10 +96,10 @@ void VYRPrtImageElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtNodeTreeElt::Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_origin, ipStream);
-  ipStream->Unstream(_width);
-  ipStream->Unstream(_height);
+  ipStream->UnstreamValue(_width);
+  ipStream->UnstreamValue(_height);
   int units = VYRPrtImageUnitsDefault;
-  ipStream->Unstream(units);
+  ipStream->UnstreamValue(units);
   _units = static_cast<VYRPrtImageUnits>(units);
   VYRPrtStreamUnstreamHelper::CreateVYRMath2x2MatrixFromStream(_matrix, ipStream);
   SetColorTable(VYRPrtStreamUnstreamHelper::CreateVYRPrtColourTableFromStream(ipStream));

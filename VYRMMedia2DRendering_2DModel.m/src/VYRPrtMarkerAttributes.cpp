@@ -4,12 +4,12 @@
 
 void VYRPrtMarkerAttributes::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(static_cast<unsigned int>(_markerStyle));
+  ipStream->StreamValue(static_cast<unsigned int>(_markerStyle));
 }
 
 void VYRPrtMarkerAttributes::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   unsigned int style = 0;
-  ipStream->Unstream(style);
+  ipStream->UnstreamValue(style);
   _markerStyle = static_cast<VYRPrintMarkerAttribute>(style);
 }

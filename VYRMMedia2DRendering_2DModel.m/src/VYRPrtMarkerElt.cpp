@@ -53,11 +53,11 @@ void VYRPrtMarkerElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtNodeTreeElt::Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_referencePoint, ipStream);
-  ipStream->Stream(_width);
-  ipStream->Stream(_height);
+  ipStream->StreamValue(_width);
+  ipStream->StreamValue(_height);
   StreamEnum(_units, ipStream);
   StreamEnum(_orientation, ipStream);
-  ipStream->Stream(_orientationAngle);
+  ipStream->StreamValue(_orientationAngle);
   _viewBox.Stream(ipStream);
 }
 
@@ -65,10 +65,10 @@ void VYRPrtMarkerElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtNodeTreeElt::Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_referencePoint, ipStream);
-  ipStream->Unstream(_width);
-  ipStream->Unstream(_height);
+  ipStream->UnstreamValue(_width);
+  ipStream->UnstreamValue(_height);
   UnstreamEnum(_units, ipStream);
   UnstreamEnum(_orientation, ipStream);
-  ipStream->Unstream(_orientationAngle);
+  ipStream->UnstreamValue(_orientationAngle);
   _viewBox.Unstream(ipStream);
 }

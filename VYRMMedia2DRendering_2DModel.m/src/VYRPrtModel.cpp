@@ -187,10 +187,10 @@ unsigned char VYRPrtModel::SetVisibilityNode(const VYRPrtVisibilityNode* ipNode)
 void VYRPrtModel::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   if (!_paImages) {
-    ipStream->Stream(-1);
+    ipStream->StreamValue(-1);
     return;
   }
-  ipStream->Stream(_paImages->Size());
+  ipStream->StreamValue(_paImages->Size());
   for (int position = 1; position <= _paImages->Size(); ++position) {
     if (VYRPrtImageElt* pImage = (*_paImages)[position]) pImage->Stream(ipStream);
   }
@@ -199,7 +199,7 @@ void VYRPrtModel::Stream(VYRI2DGStream* ipStream) {
 void VYRPrtModel::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   int count = 0;
-  ipStream->Unstream(count);
+  ipStream->UnstreamValue(count);
   if (count < 0) return;
   // An implausible count (each image record is longer than its 4-byte tag)
   // keeps the images held rather than trading them for an empty model.
@@ -210,7 +210,7 @@ void VYRPrtModel::Unstream(VYRI2DGStream* ipStream) {
   _paImages = paImages;
   for (int i = 0; i < count && !ipStream->HasFailed(); ++i) {
     int tag = 0;
-    ipStream->Unstream(tag);
+    ipStream->UnstreamValue(tag);
     if (tag != kStreamTypeImageElt) return;
     auto* pImage = VYRPrtEltFactory::Get().CreateElement<VYRPrtImageElt>();
     if (!VYR_CHECK_POINTER(pImage)) return;

@@ -28,7 +28,7 @@ StreamType VYRPrtNURBSElt::GetStreamType() { return kStreamTypeNURBSElt; }
 void VYRPrtNURBSElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtPointBasedElt::Stream(ipStream);
-  ipStream->Stream(_degree);
+  ipStream->StreamValue(_degree);
   VYRPrtArrayStreamForms::StreamArray(_knots, ipStream);
   VYRPrtArrayStreamForms::StreamArray(_weights, ipStream);
   VYRPrtArrayStreamForms::StreamArray(_controlPoints, ipStream);
@@ -37,7 +37,7 @@ void VYRPrtNURBSElt::Stream(VYRI2DGStream* ipStream) {
 void VYRPrtNURBSElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtPointBasedElt::Unstream(ipStream);
-  ipStream->Unstream(_degree);
+  ipStream->UnstreamValue(_degree);
   VYRPrtArrayStreamForms::UnstreamArray(_knots, ipStream);
   VYRPrtArrayStreamForms::UnstreamArray(_weights, ipStream);
   VYRPrtArrayStreamForms::UnstreamArray(_controlPoints, ipStream);

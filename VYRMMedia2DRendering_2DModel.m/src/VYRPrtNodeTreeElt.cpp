@@ -51,7 +51,7 @@ void VYRPrtNodeTreeElt::DuplicateChildrenInto(VYRPrtNodeTreeElt& i_target) const
 void VYRPrtNodeTreeElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtGraphicPrimitiveElt::Stream(ipStream);
-  ipStream->Stream(_children.GetLength());
+  ipStream->StreamValue(_children.GetLength());
   for (VYRPrtGraphicPrimitiveElt* pChild : _children)
     VYRPrtStreamUnstreamHelper::SerializeVYRPrtGraphicPrimitiveElt(pChild, ipStream);
 }
@@ -60,7 +60,7 @@ void VYRPrtNodeTreeElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtGraphicPrimitiveElt::Unstream(ipStream);
   int count = 0;
-  ipStream->Unstream(count);
+  ipStream->UnstreamValue(count);
   if (count <= 0) return;
   // A damaged count would otherwise make millions of empty reads and reports.
   if (!VYR_CHECK_CONDITION(ipStream->CountFits(count, kSmallestChildRecord))) return;

@@ -119,7 +119,7 @@ StreamType VYRPrtPathElt::GetStreamType() { return kStreamTypePathElt; }
 void VYRPrtPathElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtBaseShapeElt::Stream(ipStream);
-  ipStream->Stream(_segments.GetLength());
+  ipStream->StreamValue(_segments.GetLength());
   for (VYRPrtPathSeg* pSegment : _segments) pSegment->Stream(ipStream);
 }
 
@@ -127,7 +127,7 @@ void VYRPrtPathElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtBaseShapeElt::Unstream(ipStream);
   int count = -1;
-  ipStream->Unstream(count);
+  ipStream->UnstreamValue(count);
   if (count < 1) return;
   if (!VYR_CHECK_CONDITION_TEXT(ipStream->CountFits(count, kMinSegmentBytes), "segment count within the stream")) {
     return;
@@ -135,7 +135,7 @@ void VYRPrtPathElt::Unstream(VYRI2DGStream* ipStream) {
   _segments.Reserve(_segments.GetLength() + count);
   for (int i = 0; i < count && !ipStream->HasFailed(); ++i) {
     int tag = 0;
-    ipStream->Unstream(tag);
+    ipStream->UnstreamValue(tag);
     VYRPrtPathSeg* pSegment = CreateSegmentOfType(tag);
     if (pSegment) pSegment->Unstream(ipStream);
     AddPathSegment(pSegment);

@@ -16,13 +16,13 @@ MM2D::PathSegType VYRPrtPathSeg::TypeByMode(MM2D::PathSegType i_absoluteType) co
 
 void VYRPrtPathSeg::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(static_cast<int>(GetStreamType()));
-  ipStream->Stream(static_cast<int>(_coordMode));
+  ipStream->StreamValue(static_cast<int>(GetStreamType()));
+  ipStream->StreamValue(static_cast<int>(_coordMode));
 }
 
 void VYRPrtPathSeg::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   int mode = 0;
-  ipStream->Unstream(mode);
+  ipStream->UnstreamValue(mode);
   _coordMode = static_cast<MM2D::PathCoordMode>(mode);
 }

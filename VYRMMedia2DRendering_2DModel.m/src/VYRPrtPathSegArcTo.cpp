@@ -16,7 +16,7 @@ void VYRPrtPathSegArcTo::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtPathSeg::Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_center, ipStream);
-  for (double value : {_rx, _ry, _rotation, _startAngle, _sweepAngle}) ipStream->Stream(value);
+  for (double value : {_rx, _ry, _rotation, _startAngle, _sweepAngle}) ipStream->StreamValue(value);
   _endPointParameters.Stream(ipStream);
 }
 
@@ -24,6 +24,6 @@ void VYRPrtPathSegArcTo::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtPathSeg::Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_center, ipStream);
-  for (double* pValue : {&_rx, &_ry, &_rotation, &_startAngle, &_sweepAngle}) ipStream->Unstream(*pValue);
+  for (double* pValue : {&_rx, &_ry, &_rotation, &_startAngle, &_sweepAngle}) ipStream->UnstreamValue(*pValue);
   _endPointParameters.Unstream(ipStream);
 }

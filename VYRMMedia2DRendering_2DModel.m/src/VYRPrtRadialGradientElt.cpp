@@ -54,18 +54,18 @@ void VYRPrtRadialGradientElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtBaseGradientElt::Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_centre, ipStream);
-  ipStream->Stream(_radius);
+  ipStream->StreamValue(_radius);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_focus, ipStream);
-  ipStream->Stream(static_cast<unsigned char>(_hasFocus));
+  ipStream->StreamValue(static_cast<unsigned char>(_hasFocus));
 }
 
 void VYRPrtRadialGradientElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtBaseGradientElt::Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_centre, ipStream);
-  ipStream->Unstream(_radius);
+  ipStream->UnstreamValue(_radius);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_focus, ipStream);
   unsigned char hasFocus = 0;
-  ipStream->Unstream(hasFocus);
+  ipStream->UnstreamValue(hasFocus);
   _hasFocus = hasFocus != 0;
 }

@@ -53,8 +53,8 @@ void VYRPrtRectangleElt::Stream(VYRI2DGStream* ipStream) {
   VYRPrtBaseShapeElt::Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_firstPoint, ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_secondPoint, ipStream);
-  ipStream->Stream(_horzRadius);
-  ipStream->Stream(_vertRadius);
+  ipStream->StreamValue(_horzRadius);
+  ipStream->StreamValue(_vertRadius);
 }
 
 void VYRPrtRectangleElt::Unstream(VYRI2DGStream* ipStream) {
@@ -62,6 +62,6 @@ void VYRPrtRectangleElt::Unstream(VYRI2DGStream* ipStream) {
   VYRPrtBaseShapeElt::Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_firstPoint, ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_secondPoint, ipStream);
-  ipStream->Unstream(_horzRadius);
-  ipStream->Unstream(_vertRadius);
+  ipStream->UnstreamValue(_horzRadius);
+  ipStream->UnstreamValue(_vertRadius);
 }

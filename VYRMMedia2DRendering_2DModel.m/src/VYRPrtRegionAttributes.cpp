@@ -9,9 +9,6 @@ constexpr unsigned int kAllComponents = VYRPrtRegionAttributes::X | VYRPrtRegion
                                         VYRPrtRegionAttributes::Width | VYRPrtRegionAttributes::Height;
 }  // namespace
 
-VYRPrtRegionAttributes::VYRPrtRegionAttributes(double i_x, double i_y, double i_width, double i_height)
-    : _x(i_x), _y(i_y), _width(i_width), _height(i_height) {}
-
 void VYRPrtRegionAttributes::SetRegion(double i_x, double i_y, double i_width, double i_height) {
   SetX(i_x);
   SetY(i_y);
@@ -46,13 +43,13 @@ bool VYRPrtRegionAttributes::operator==(const VYRPrtRegionAttributes& i_other) c
 
 void VYRPrtRegionAttributes::Stream(VYRI2DGStream* ipStream) const {
   if (!ipStream) return;
-  ipStream->Stream(_given);
-  for (double value : {_x, _y, _width, _height}) ipStream->Stream(value);
+  ipStream->StreamValue(_given);
+  for (double value : {_x, _y, _width, _height}) ipStream->StreamValue(value);
 }
 
 void VYRPrtRegionAttributes::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Unstream(_given);
+  ipStream->UnstreamValue(_given);
   _given &= kAllComponents;  // bits no component owns mean nothing
-  for (double* pValue : {&_x, &_y, &_width, &_height}) ipStream->Unstream(*pValue);
+  for (double* pValue : {&_x, &_y, &_width, &_height}) ipStream->UnstreamValue(*pValue);
 }

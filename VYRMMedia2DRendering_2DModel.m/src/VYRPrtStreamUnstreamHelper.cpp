@@ -87,13 +87,13 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRMath3x3Matrix(VYRMath3x3Matrix& i_m
   if (!ipStream) return;
   double c[9];
   i_matrix.GetCoef(c[0], c[1], c[2], c[3], c[4], c[5], c[6], c[7], c[8]);
-  for (double coef : c) ipStream->Stream(coef);
+  for (double coef : c) ipStream->StreamValue(coef);
 }
 
 void VYRPrtStreamUnstreamHelper::CreateVYRMath3x3MatrixFromStream(VYRMath3x3Matrix& o_matrix, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   double c[9] = {};
-  for (double& coef : c) ipStream->Unstream(coef);
+  for (double& coef : c) ipStream->UnstreamValue(coef);
   o_matrix.SetCoef(c[0], c[1], c[2], c[3], c[4], c[5], c[6], c[7], c[8]);
 }
 
@@ -101,19 +101,19 @@ void VYRPrtStreamUnstreamHelper::SerializeVYR5X5ColorMatrix(VYR5X5ColorMatrix& i
   if (!ipStream) return;
   VYRRawColldouble coefs;
   i_matrix.GetCoef(coefs);
-  ipStream->Stream(coefs.Size());
-  for (int position = 1; position <= coefs.Size(); ++position) ipStream->Stream(coefs[position]);
+  ipStream->StreamValue(coefs.Size());
+  for (int position = 1; position <= coefs.Size(); ++position) ipStream->StreamValue(coefs[position]);
 }
 
 void VYRPrtStreamUnstreamHelper::CreateVYR5X5ColorMatrixFromStream(VYR5X5ColorMatrix& o_matrix, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   int count = 0;
-  ipStream->Unstream(count);
+  ipStream->UnstreamValue(count);
   if (!VYR_CHECK_CONDITION(ipStream->CountFits(count, sizeof(double)))) return;
   VYRRawColldouble coefs;
   for (int i = 0; i < count; ++i) {
     double coef = 0.0;
-    ipStream->Unstream(coef);
+    ipStream->UnstreamValue(coef);
     coefs.Append(coef);
   }
   o_matrix.SetCoef(coefs);  // refuses, with a report, a count other than its own
@@ -152,11 +152,11 @@ int s_elementNesting = 0;
 char* ReadCountedBytes(VYRI2DGStream* ipStream, int& o_length) {
   o_length = 0;
   int length = 0;
-  ipStream->Unstream(length);
+  ipStream->UnstreamValue(length);
   if (length <= 0 || !VYR_CHECK_CONDITION(ipStream->CountFits(length, 1))) return nullptr;
   char* pBytes = new (std::nothrow) char[length];
   if (!VYR_CHECK_POINTER(pBytes)) return nullptr;
-  ipStream->ReadBytes(pBytes, length);  // pixel bytes: one copy, not a call per byte
+  ipStream->UnstreamBytes(pBytes, length);  // pixel bytes: one copy, not a call per byte
   o_length = length;
   return pBytes;
 }
@@ -260,7 +260,7 @@ VYRPrtGraphicPrimitiveElt* VYRPrtStreamUnstreamHelper::CreateVYRPrtGraphicPrimit
     VYRI2DGStream* ipStream) {
   if (!ipStream) return nullptr;
   int tag = kStreamTypeNull;
-  ipStream->Unstream(tag);
+  ipStream->UnstreamValue(tag);
   if (!VYR_CHECK_CONDITION_TEXT(s_elementNesting < kMaxElementNesting, "element nesting within limits")) {
     return nullptr;
   }
@@ -276,7 +276,7 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRPrtGraphicPrimitiveElt(VYRPrtGraphi
                                                                      VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   if (!ipElt) {
-    ipStream->Stream(0);
+    ipStream->StreamValue(0);
     return;
   }
   ipElt->Stream(ipStream);
@@ -284,7 +284,7 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRPrtGraphicPrimitiveElt(VYRPrtGraphi
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRUnicodeString(const VYRUnicodeString& i_text, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(i_text.CastToCharPtr(), i_text.GetLengthInChar());
+  ipStream->StreamCounted(i_text.CastToCharPtr(), i_text.GetLengthInChar());
 }
 
 void VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(VYRUnicodeString& o_text, VYRI2DGStream* ipStream) {
@@ -292,24 +292,24 @@ void VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(VYRUnicodeStri
   // Read in place: short texts then need no allocation at all. As with a
   // zero-terminated read, the text ends at its first zero byte.
   int length = 0;
-  ipStream->Unstream(length);
+  ipStream->UnstreamValue(length);
   if (length <= 0) {
     o_text = VYRUnicodeString();
     return;
   }
   if (!ipStream->CountFits(length, 1)) {
-    ipStream->ReadBytes(nullptr, length);  // fails the stream, as reading past its end does
+    ipStream->UnstreamBytes(nullptr, length);  // fails the stream, as reading past its end does
     o_text = VYRUnicodeString();
     return;
   }
   char shortText[64];
   char* pText = length <= static_cast<int>(sizeof shortText) ? shortText : new (std::nothrow) char[length];
   if (!VYR_CHECK_POINTER(pText)) {
-    ipStream->ReadBytes(nullptr, length);
+    ipStream->UnstreamBytes(nullptr, length);
     o_text = VYRUnicodeString();
     return;
   }
-  ipStream->ReadBytes(pText, length);
+  ipStream->UnstreamBytes(pText, length);
   const void* pZero = std::memchr(pText, 0, static_cast<size_t>(length));
   o_text.BuildFromChar(pText, pZero ? static_cast<int>(static_cast<const char*>(pZero) - pText) : length);
   if (pText != shortText) delete[] pText;
@@ -318,7 +318,7 @@ void VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(VYRUnicodeStri
 VYRPrtColourTable* VYRPrtStreamUnstreamHelper::CreateVYRPrtColourTableFromStream(VYRI2DGStream* ipStream) {
   if (!ipStream) return nullptr;
   int tag = 0;
-  ipStream->Unstream(tag);
+  ipStream->UnstreamValue(tag);
   if (tag != kColourTableTag) return nullptr;
   auto* pTable = new (std::nothrow) VYRPrtColourTable();
   if (pTable) pTable->Unstream(ipStream);
@@ -328,7 +328,7 @@ VYRPrtColourTable* VYRPrtStreamUnstreamHelper::CreateVYRPrtColourTableFromStream
 void VYRPrtStreamUnstreamHelper::SerializeVYRPrtColourTable(VYRPrtColourTable* ipTable, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   if (!ipTable) {
-    ipStream->Stream(0);
+    ipStream->StreamValue(0);
     return;
   }
   ipTable->Stream(ipStream);
@@ -338,7 +338,7 @@ VYRPrtFilterColorAttribute* VYRPrtStreamUnstreamHelper::CreateVYRPrtFilterColorA
     VYRI2DGStream* ipStream) {
   if (!ipStream) return nullptr;
   int tag = 0;
-  ipStream->Unstream(tag);
+  ipStream->UnstreamValue(tag);
   if (tag != kFilterColorAttributeTag) return nullptr;
   auto* pAttribute = new (std::nothrow) VYRPrtFilterColorAttribute();
   if (pAttribute) pAttribute->Unstream(ipStream);
@@ -349,7 +349,7 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRPrtFilterColorAttribute(VYRPrtFilte
                                                                      VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   if (!ipAttribute) {
-    ipStream->Stream(0);
+    ipStream->StreamValue(0);
     return;
   }
   ipAttribute->Stream(ipStream);
@@ -358,7 +358,7 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRPrtFilterColorAttribute(VYRPrtFilte
 void VYRPrtStreamUnstreamHelper::SerializeVYRPixelImage(VYRPixelImage* ipImage, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   if (!ipImage) {
-    ipStream->Stream(0);
+    ipStream->StreamValue(0);
     return;
   }
   int width = 0, height = 0;
@@ -366,7 +366,7 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRPixelImage(VYRPixelImage* ipImage, 
   int format = ipImage->GetFormat();
   int readOnly = ipImage->IsReadOnly() ? 1 : 0;
   float xPixelSize = ipImage->GetXPixelSize(), yPixelSize = ipImage->GetYPixelSize();
-  ipStream->Stream(kPixelImageTag);
+  ipStream->StreamValue(kPixelImageTag);
 
   unsigned char* pPNG = nullptr;
   int pngLength = 0;
@@ -381,33 +381,33 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRPixelImage(VYRPixelImage* ipImage, 
     pBytes = reinterpret_cast<const char*>(ipImage->GetPixels());
     byteCount = ipImage->GetbytesPerPixel() * height * width;
   }
-  ipStream->Stream(encoded ? 1 : 0);
-  ipStream->Stream(width);
-  ipStream->Stream(height);
-  ipStream->Stream(byteCount);
-  ipStream->Stream(format);
-  ipStream->Stream(readOnly);
-  ipStream->Stream(xPixelSize);
-  ipStream->Stream(yPixelSize);
-  ipStream->Stream(pBytes, pBytes ? byteCount : 0);
+  ipStream->StreamValue(encoded ? 1 : 0);
+  ipStream->StreamValue(width);
+  ipStream->StreamValue(height);
+  ipStream->StreamValue(byteCount);
+  ipStream->StreamValue(format);
+  ipStream->StreamValue(readOnly);
+  ipStream->StreamValue(xPixelSize);
+  ipStream->StreamValue(yPixelSize);
+  ipStream->StreamCounted(pBytes, pBytes ? byteCount : 0);
   delete[] pPNG;
 }
 
 VYRPixelImage* VYRPrtStreamUnstreamHelper::CreateVYRPixelImageFromStream(VYRI2DGStream* ipStream) {
   if (!ipStream) return nullptr;
   int tag = 0;
-  ipStream->Unstream(tag);
+  ipStream->UnstreamValue(tag);
   if (tag != kPixelImageTag) return nullptr;
   int flag = 0, width = 0, height = 0, byteCount = 0, format = 0, readOnly = 0;
   float xPixelSize = 0.0f, yPixelSize = 0.0f;
-  ipStream->Unstream(flag);
-  ipStream->Unstream(width);
-  ipStream->Unstream(height);
-  ipStream->Unstream(byteCount);
-  ipStream->Unstream(format);
-  ipStream->Unstream(readOnly);
-  ipStream->Unstream(xPixelSize);
-  ipStream->Unstream(yPixelSize);
+  ipStream->UnstreamValue(flag);
+  ipStream->UnstreamValue(width);
+  ipStream->UnstreamValue(height);
+  ipStream->UnstreamValue(byteCount);
+  ipStream->UnstreamValue(format);
+  ipStream->UnstreamValue(readOnly);
+  ipStream->UnstreamValue(xPixelSize);
+  ipStream->UnstreamValue(yPixelSize);
   int length = 0;
   char* pBytes = ReadCountedBytes(ipStream, length);
   if (!pBytes) return nullptr;
@@ -442,9 +442,9 @@ VYRPixelImage* VYRPrtStreamUnstreamHelper::CreateVYRPixelImageFromStream(VYRI2DG
 }
 
 void VYRPrtStreamUnstreamHelper::SerializeGradientHelper(VYRPrintGradient* ipGradient, VYRI2DGStream* ipStream) {
-  ipStream->Stream(ipGradient->GetSpread());
+  ipStream->StreamValue(ipGradient->GetSpread());
   int stopCount = ipGradient->GetStopCount();
-  ipStream->Stream(stopCount);
+  ipStream->StreamValue(stopCount);
   for (int i = 0; i < stopCount; ++i) SerializeVYRPrintGradientStop(ipGradient->GetStop(i), ipStream);
   VYRMath3x3Matrix transform = ipGradient->GetTransform();
   SerializeVYRMath3x3Matrix(transform, ipStream);
@@ -454,9 +454,9 @@ void VYRPrtStreamUnstreamHelper::CreateGradientFromStreamHelper(VYRPrintGradient
                                                                 VYRI2DGStream* ipStream) {
   constexpr int kStopBytes = 5 * 4;
   int spread = 0, stopCount = 0;
-  ipStream->Unstream(spread);
+  ipStream->UnstreamValue(spread);
   iopGradient->SetSpread(spread);
-  ipStream->Unstream(stopCount);
+  ipStream->UnstreamValue(stopCount);
   if (stopCount >= 1 && VYR_CHECK_CONDITION(ipStream->CountFits(stopCount, kStopBytes))) {
     for (int i = 0; i < stopCount; ++i) {
       auto* pStop = new (std::nothrow) VYRPrintGradientStop();
@@ -473,10 +473,10 @@ void VYRPrtStreamUnstreamHelper::CreateGradientFromStreamHelper(VYRPrintGradient
 void VYRPrtStreamUnstreamHelper::SerializeVYRPrintGradient(VYRPrintGradient* ipGradient, VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   if (!ipGradient) {
-    ipStream->Stream(0);
+    ipStream->StreamValue(0);
     return;
   }
-  ipStream->Stream(kGradientTag);
+  ipStream->StreamValue(kGradientTag);
   SerializeGradientHelper(ipGradient, ipStream);
 }
 
@@ -484,30 +484,30 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRPrintGradientLinear(VYRPrintGradien
                                                                  VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   if (!ipGradient) {
-    ipStream->Stream(0);
+    ipStream->StreamValue(0);
     return;
   }
-  ipStream->Stream(kGradientLinearTag);
+  ipStream->StreamValue(kGradientLinearTag);
   SerializeGradientHelper(ipGradient, ipStream);
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0;
   ipGradient->GetStartPoint(x1, y1);
   ipGradient->GetEndPoint(x2, y2);
-  for (float value : {x1, y1, x2, y2}) ipStream->Stream(value);
+  for (float value : {x1, y1, x2, y2}) ipStream->StreamValue(value);
 }
 
 void VYRPrtStreamUnstreamHelper::SerializeVYRPrintGradientRadial(VYRPrintGradientRadial* ipGradient,
                                                                  VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   if (!ipGradient) {
-    ipStream->Stream(0);
+    ipStream->StreamValue(0);
     return;
   }
-  ipStream->Stream(kGradientRadialTag);
+  ipStream->StreamValue(kGradientRadialTag);
   SerializeGradientHelper(ipGradient, ipStream);
   float cx = 0, cy = 0, fx = 0, fy = 0;
   ipGradient->GetCentre(cx, cy);
   ipGradient->GetFocus(fx, fy);
-  for (float value : {cx, cy, fx, fy, ipGradient->GetRadius()}) ipStream->Stream(value);
+  for (float value : {cx, cy, fx, fy, ipGradient->GetRadius()}) ipStream->StreamValue(value);
 }
 
 void VYRPrtStreamUnstreamHelper::CreateVYRPrintGradientFromStream(VYRPrintGradient* iopGradient,
@@ -521,7 +521,7 @@ void VYRPrtStreamUnstreamHelper::CreateVYRPrintGradientLinearFromStream(VYRPrint
   if (!ipStream || !iopGradient) return;
   CreateGradientFromStreamHelper(iopGradient, ipStream);
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-  for (float* pValue : {&x1, &y1, &x2, &y2}) ipStream->Unstream(*pValue);
+  for (float* pValue : {&x1, &y1, &x2, &y2}) ipStream->UnstreamValue(*pValue);
   iopGradient->SetStartPoint(x1, y1);
   iopGradient->SetEndPoint(x2, y2);
 }
@@ -533,7 +533,7 @@ void VYRPrtStreamUnstreamHelper::CreateVYRPrintGradientRadialFromStream(VYRPrint
   if (!ipStream || !iopGradient) return;
   CreateGradientFromStreamHelper(iopGradient, ipStream);
   float cx = 0, cy = 0, fx = 0, fy = 0, r = 0;
-  for (float* pValue : {&cx, &cy, &fx, &fy, &r}) ipStream->Unstream(*pValue);
+  for (float* pValue : {&cx, &cy, &fx, &fy, &r}) ipStream->UnstreamValue(*pValue);
   iopGradient->SetCentre(cx, cy);
   iopGradient->SetFocus(fx, fy);
   iopGradient->SetRadius(r);
@@ -543,7 +543,7 @@ void VYRPrtStreamUnstreamHelper::SerializeVYRPrintGradientStop(VYRPrintGradientS
                                                                VYRI2DGStream* ipStream) {
   if (!ipStream || !ipStop) return;
   for (float value : {ipStop->GetOffset(), ipStop->GetRed(), ipStop->GetGreen(), ipStop->GetBlue(), ipStop->GetAlpha()}) {
-    ipStream->Stream(value);
+    ipStream->StreamValue(value);
   }
 }
 
@@ -551,7 +551,7 @@ void VYRPrtStreamUnstreamHelper::CreateVYRPrintGradientStopFromStream(VYRPrintGr
                                                                       VYRI2DGStream* ipStream) {
   if (!ipStream || !iopStop) return;
   float offset = 0, red = 0, green = 0, blue = 0, alpha = 0;
-  for (float* pValue : {&offset, &red, &green, &blue, &alpha}) ipStream->Unstream(*pValue);
+  for (float* pValue : {&offset, &red, &green, &blue, &alpha}) ipStream->UnstreamValue(*pValue);
   *iopStop = VYRPrintGradientStop(offset, red, green, blue, alpha);
 }
 
@@ -566,14 +566,14 @@ void VYRPrtStreamUnstreamHelper::SerializeGradientOfType(VYRPrintGradient* ipGra
              ipGradient->IsAKindOf(VYRPrintGradientRadial::ClassName())) {
     SerializeVYRPrintGradientRadial(static_cast<VYRPrintGradientRadial*>(ipGradient), ipStream);
   } else {
-    ipStream->Stream(0u);
+    ipStream->StreamValue(0u);
   }
 }
 
 VYRPrintGradient* VYRPrtStreamUnstreamHelper::CreateGradientFromKindTag(VYRI2DGStream* ipStream) {
   if (!ipStream) return nullptr;
   unsigned int kind = 0;
-  ipStream->Unstream(kind);
+  ipStream->UnstreamValue(kind);
   if (kind == kGradientLinearTag) {
     auto* pLinear = new (std::nothrow) VYRPrintGradientLinear();
     CreateVYRPrintGradientLinearFromStream(pLinear, ipStream);

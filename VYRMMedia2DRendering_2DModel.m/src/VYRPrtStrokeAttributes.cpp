@@ -91,11 +91,11 @@ int VYRPrtStrokeAttributes::operator==(const VYRPrtStrokeAttributes& iStroke) co
 void VYRPrtStrokeAttributes::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   WriteRecord(ipStream, static_cast<int>(_strokeColourIndex), _strokeOpacity, _thirdValue, _strokeTypePatternCount);
-  ipStream->WriteBytes(_strokeTypePattern, _strokeTypePatternCount * static_cast<int>(sizeof(float)));
+  ipStream->StreamBytes(_strokeTypePattern, _strokeTypePatternCount * static_cast<int>(sizeof(float)));
   WriteRecord(ipStream, _strokeWidth, static_cast<unsigned int>(_strokeStyle), static_cast<unsigned int>(_strokeCap),
               static_cast<unsigned int>(_strokeJoin), static_cast<unsigned int>(_strokeMode));
   VYRPrtStreamUnstreamHelper::SerializeGradientOfType(_pGradient, _gradientType, ipStream);
-  ipStream->Stream(static_cast<unsigned int>(_gradientType));
+  ipStream->StreamValue(static_cast<unsigned int>(_gradientType));
 }
 
 void VYRPrtStrokeAttributes::Unstream(VYRI2DGStream* ipStream) {
@@ -111,7 +111,7 @@ void VYRPrtStrokeAttributes::Unstream(VYRI2DGStream* ipStream) {
   if (dashCount > 0 && VYR_CHECK_CONDITION(ipStream->CountFits(dashCount, sizeof(float)))) {
     _strokeTypePattern = new (std::nothrow) float[dashCount];
     if (VYR_CHECK_POINTER(_strokeTypePattern)) {
-      ipStream->ReadBytes(_strokeTypePattern, dashCount * static_cast<int>(sizeof(float)));
+      ipStream->UnstreamBytes(_strokeTypePattern, dashCount * static_cast<int>(sizeof(float)));
       _strokeTypePatternCount = dashCount;
     }
   }
@@ -122,6 +122,6 @@ void VYRPrtStrokeAttributes::Unstream(VYRI2DGStream* ipStream) {
   _strokeMode = static_cast<VYRPrtStrokeMode>(mode);
   if (_pGradient) _pGradient->Release();
   _pGradient = VYRPrtStreamUnstreamHelper::CreateGradientFromKindTag(ipStream);
-  ipStream->Unstream(gradientType);
+  ipStream->UnstreamValue(gradientType);
   _gradientType = static_cast<MM2D::GradientType>(gradientType);
 }

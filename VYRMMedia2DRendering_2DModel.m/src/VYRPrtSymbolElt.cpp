@@ -41,8 +41,8 @@ void VYRPrtSymbolElt::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtNodeTreeElt::Stream(ipStream);
   VYRPrtStreamUnstreamHelper::SerializeVYRMathPoint2D(_origin, ipStream);
-  ipStream->Stream(_width);
-  ipStream->Stream(_height);
+  ipStream->StreamValue(_width);
+  ipStream->StreamValue(_height);
   _viewBox.Stream(ipStream);
 }
 
@@ -50,7 +50,7 @@ void VYRPrtSymbolElt::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtNodeTreeElt::Unstream(ipStream);
   VYRPrtStreamUnstreamHelper::CreateVYRMathPoint2DFromStream(_origin, ipStream);
-  ipStream->Unstream(_width);
-  ipStream->Unstream(_height);
+  ipStream->UnstreamValue(_width);
+  ipStream->UnstreamValue(_height);
   _viewBox.Unstream(ipStream);
 }

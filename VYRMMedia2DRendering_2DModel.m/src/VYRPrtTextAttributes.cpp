@@ -12,24 +12,24 @@ bool VYRPrtTextAttributes::operator==(const VYRPrtTextAttributes& i_other) const
 void VYRPrtTextAttributes::Stream(VYRI2DGStream* ipStream) const {
   if (!ipStream) return;
   VYRPrtStreamUnstreamHelper::SerializeVYRUnicodeString(_fontFamily, ipStream);
-  ipStream->Stream(_height);
-  ipStream->Stream(_weight);
-  ipStream->Stream(static_cast<int>(_style));
-  ipStream->Stream(static_cast<int>(_anchor));
-  ipStream->Stream(_decoration);
-  ipStream->Stream(_fontVersion);
+  ipStream->StreamValue(_height);
+  ipStream->StreamValue(_weight);
+  ipStream->StreamValue(static_cast<int>(_style));
+  ipStream->StreamValue(static_cast<int>(_anchor));
+  ipStream->StreamValue(_decoration);
+  ipStream->StreamValue(_fontVersion);
 }
 
 void VYRPrtTextAttributes::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(_fontFamily, ipStream);
-  ipStream->Unstream(_height);
-  ipStream->Unstream(_weight);
+  ipStream->UnstreamValue(_height);
+  ipStream->UnstreamValue(_weight);
   int style = 0, anchor = 0;
-  ipStream->Unstream(style);
-  ipStream->Unstream(anchor);
+  ipStream->UnstreamValue(style);
+  ipStream->UnstreamValue(anchor);
   _style = static_cast<MM2D::FontStyle>(style);
   _anchor = static_cast<MM2D::TextAnchor>(anchor);
-  ipStream->Unstream(_decoration);
-  ipStream->Unstream(_fontVersion);
+  ipStream->UnstreamValue(_decoration);
+  ipStream->UnstreamValue(_fontVersion);
 }

@@ -78,7 +78,7 @@ int GetParameter(const VYRPrintTransformType* i_paTypes, unsigned int i_typeCoun
 // that exceeds the limit; a refusal reports and gives false.
 bool ReadCount(VYRI2DGStream* ipStream, long long i_bytesPerItem, long long i_limit, unsigned int& o_count) {
   int count = 0;
-  ipStream->Unstream(count);
+  ipStream->UnstreamValue(count);
   o_count = 0;
   if (count == 0) return true;  // the usual case, with nothing to check against the stream
   if (!VYR_CHECK_CONDITION(ipStream->CountFits(count, i_bytesPerItem) && count <= i_limit)) return false;
@@ -91,7 +91,7 @@ bool ReadValues(VYRI2DGStream* ipStream, T*& o_paArray, unsigned int& o_count, l
   static_assert(kIsStreamValue<T>, "the values come in as they are held");
   unsigned int count = 0;
   if (!ReadCount(ipStream, sizeof(T), i_limit, count) || !NewArray(o_paArray, count)) return false;
-  ipStream->ReadBytes(o_paArray, static_cast<int>(count * sizeof(T)));
+  ipStream->UnstreamBytes(o_paArray, static_cast<int>(count * sizeof(T)));
   o_count = count;
   return true;
 }
@@ -99,8 +99,8 @@ bool ReadValues(VYRI2DGStream* ipStream, T*& o_paArray, unsigned int& o_count, l
 template <class T>
 void WriteValues(VYRI2DGStream* ipStream, const T* i_paArray, unsigned int i_count) {
   static_assert(kIsStreamValue<T>, "the values go out as they are held");
-  ipStream->Stream(static_cast<int>(i_count));
-  ipStream->WriteBytes(i_paArray, static_cast<int>(i_count * sizeof(T)));
+  ipStream->StreamValue(static_cast<int>(i_count));
+  ipStream->StreamBytes(i_paArray, static_cast<int>(i_count * sizeof(T)));
 }
 
 }  // namespace
@@ -308,24 +308,24 @@ int VYRPrtTransformAttributes::GetTransformationMatrix(VYRMath3x3Matrix& o_matri
 
 void VYRPrtTransformAttributes::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(static_cast<int>(_transformCount));
+  ipStream->StreamValue(static_cast<int>(_transformCount));
   static_assert(sizeof(VYRPrintTransformType) == sizeof(unsigned int), "kinds travel as 4-byte integers");
-  ipStream->WriteBytes(_paTransformTab, static_cast<int>(_transformCount * sizeof(unsigned int)));
-  ipStream->Stream(static_cast<int>(_matrixCount));
+  ipStream->StreamBytes(_paTransformTab, static_cast<int>(_transformCount * sizeof(unsigned int)));
+  ipStream->StreamValue(static_cast<int>(_matrixCount));
   for (unsigned int i = 0; i < _matrixCount; ++i)
     VYRPrtStreamUnstreamHelper::SerializeVYRMath2x2Matrix(_paMatrices[i], ipStream);
 
   // The scale-X values are counted by the matrix count: the format has always
   // been so. Values beyond the scale-X array go out as the neutral factor 1.
-  ipStream->Stream(static_cast<int>(_scaleXCount));
+  ipStream->StreamValue(static_cast<int>(_scaleXCount));
   if (_scaleXCount > 0)
-    for (unsigned int i = 0; i < _matrixCount; ++i) ipStream->Stream(i < _scaleXCount ? _paScaleX[i] : 1.0);
+    for (unsigned int i = 0; i < _matrixCount; ++i) ipStream->StreamValue(i < _scaleXCount ? _paScaleX[i] : 1.0);
 
   WriteValues(ipStream, _paScaleY, _scaleYCount);
   WriteValues(ipStream, _paRotations, _rotationCount);
   WriteValues(ipStream, _paSkewX, _skewXCount);
   WriteValues(ipStream, _paSkewY, _skewYCount);
-  ipStream->Stream(static_cast<int>(_translationCount));
+  ipStream->StreamValue(static_cast<int>(_translationCount));
   for (unsigned int i = 0; i < _translationCount; ++i)
     VYRPrtStreamUnstreamHelper::SerializeVYRMathVector2D(_paTranslations[i], ipStream);
 }
@@ -343,7 +343,7 @@ void VYRPrtTransformAttributes::Unstream(VYRI2DGStream* ipStream) {
 bool VYRPrtTransformAttributes::ReadLists(VYRI2DGStream* ipStream) {
   unsigned int count = 0;
   if (!ReadCount(ipStream, sizeof(unsigned int), INT_MAX, count) || !NewArray(_paTransformTab, count)) return false;
-  ipStream->ReadBytes(_paTransformTab, static_cast<int>(count * sizeof(unsigned int)));
+  ipStream->UnstreamBytes(_paTransformTab, static_cast<int>(count * sizeof(unsigned int)));
   _transformCount = count;
   const long long entries = _transformCount;
 
@@ -359,7 +359,7 @@ bool VYRPrtTransformAttributes::ReadLists(VYRI2DGStream* ipStream) {
   if (_scaleXCount > 0) {
     for (unsigned int i = 0; i < _matrixCount; ++i) {
       double factor = 1.0;
-      ipStream->Unstream(factor);
+      ipStream->UnstreamValue(factor);
       if (i < _scaleXCount) _paScaleX[i] = factor;
     }
   }

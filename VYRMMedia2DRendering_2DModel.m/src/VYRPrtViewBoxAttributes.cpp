@@ -30,28 +30,28 @@ bool VYRPrtViewBoxAttributes::operator==(const VYRPrtViewBoxAttributes& i_other)
 
 void VYRPrtViewBoxAttributes::Stream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
-  ipStream->Stream(static_cast<unsigned int>(_defined));
-  ipStream->Stream(_x);
-  ipStream->Stream(_y);
-  ipStream->Stream(_width);
-  ipStream->Stream(_height);
-  ipStream->Stream(static_cast<unsigned int>(_align));
-  ipStream->Stream(static_cast<unsigned int>(_meetOrSlice));
-  ipStream->Stream(static_cast<unsigned char>(_defer));
+  ipStream->StreamValue(static_cast<unsigned int>(_defined));
+  ipStream->StreamValue(_x);
+  ipStream->StreamValue(_y);
+  ipStream->StreamValue(_width);
+  ipStream->StreamValue(_height);
+  ipStream->StreamValue(static_cast<unsigned int>(_align));
+  ipStream->StreamValue(static_cast<unsigned int>(_meetOrSlice));
+  ipStream->StreamValue(static_cast<unsigned char>(_defer));
 }
 
 void VYRPrtViewBoxAttributes::Unstream(VYRI2DGStream* ipStream) {
   if (!ipStream) return;
   unsigned int defined = 0, align = 0, meetOrSlice = 0;
   unsigned char defer = 0;
-  ipStream->Unstream(defined);
-  ipStream->Unstream(_x);
-  ipStream->Unstream(_y);
-  ipStream->Unstream(_width);
-  ipStream->Unstream(_height);
-  ipStream->Unstream(align);
-  ipStream->Unstream(meetOrSlice);
-  ipStream->Unstream(defer);
+  ipStream->UnstreamValue(defined);
+  ipStream->UnstreamValue(_x);
+  ipStream->UnstreamValue(_y);
+  ipStream->UnstreamValue(_width);
+  ipStream->UnstreamValue(_height);
+  ipStream->UnstreamValue(align);
+  ipStream->UnstreamValue(meetOrSlice);
+  ipStream->UnstreamValue(defer);
   _defined = defined != 0;
   _align = static_cast<MM2D::AspectAlign>(align);
   _meetOrSlice = static_cast<MM2D::MeetOrSlice>(meetOrSlice);

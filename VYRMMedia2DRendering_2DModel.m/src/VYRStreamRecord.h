@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstring>
-#include <type_traits>
 
 #include "VYRI2DGStream.h"
 
@@ -9,9 +8,7 @@
 // are exactly those of streaming the values one by one, in the same order, so
 // each value must have one of the stream's own types.
 template <class T>
-constexpr bool kIsStreamValue = std::is_same_v<T, float> || std::is_same_v<T, double> ||
-                                std::is_same_v<T, int> || std::is_same_v<T, unsigned int> ||
-                                std::is_same_v<T, unsigned char> || std::is_same_v<T, char>;
+constexpr bool kIsStreamValue = VYRI2DGStream::kIsValueType<T>;
 
 template <class... T>
 void WriteRecord(VYRI2DGStream* ipStream, const T&... i_values) {
@@ -19,7 +16,7 @@ void WriteRecord(VYRI2DGStream* ipStream, const T&... i_values) {
   char bytes[(sizeof(T) + ...)];
   char* pNext = bytes;
   ((std::memcpy(pNext, &i_values, sizeof(T)), pNext += sizeof(T)), ...);
-  ipStream->WriteBytes(bytes, static_cast<int>(sizeof bytes));
+  ipStream->StreamBytes(bytes, static_cast<int>(sizeof bytes));
 }
 
 // On a stream too short for the whole record every value reads as zero.
@@ -27,7 +24,7 @@ template <class... T>
 bool ReadRecord(VYRI2DGStream* ipStream, T&... o_values) {
   static_assert((kIsStreamValue<T> && ...), "only the stream's value types travel in a record");
   char bytes[(sizeof(T) + ...)];
-  const bool read = ipStream->ReadBytes(bytes, static_cast<int>(sizeof bytes));
+  const bool read = ipStream->UnstreamBytes(bytes, static_cast<int>(sizeof bytes));
   const char* pNext = bytes;
   ((std::memcpy(&o_values, pNext, sizeof(T)), pNext += sizeof(T)), ...);
   return read;

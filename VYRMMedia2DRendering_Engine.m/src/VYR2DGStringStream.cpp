@@ -45,10 +45,10 @@ struct VYR2DGStringStream::SharedBlock {
 VYR2DGStringStream::VYR2DGStringStream() : _growthStep(kInitialCapacity) {
   _pBlock = SharedBlock::Create(kInitialCapacity);
   if (VYR_CHECK_POINTER(_pBlock)) {
-    _pBuffer = _pBlock->pBytes;
-    _capacity = kInitialCapacity;
+    _window.pBuffer = _pBlock->pBytes;
+    _window.capacity = kInitialCapacity;
   }
-  _pCursor = _pBuffer;
+  _window.pCursor = _window.pBuffer;
 }
 
 VYR2DGStringStream::VYR2DGStringStream(const char* i_bytes, int i_length) : VYR2DGStringStream() {
@@ -64,46 +64,24 @@ VYR2DGStringStream& VYR2DGStringStream::operator=(const VYR2DGStringStream& i_ot
   if (i_other._pBlock) ++i_other._pBlock->refCount;
   ReleaseBlock();
   _pBlock = i_other._pBlock;
-  _pBuffer = i_other._pBuffer;
-  _pCursor = i_other._pCursor;
-  _capacity = i_other._capacity;
-  _size = i_other._size;
+  _window.pBuffer = i_other._window.pBuffer;
+  _window.pCursor = i_other._window.pCursor;
+  _window.capacity = i_other._window.capacity;
+  _window.size = i_other._window.size;
   _growthStep = i_other._growthStep;
-  _failed = i_other._failed;
+  _window.failed = i_other._window.failed;
   return *this;
 }
 
 VYR2DGStringStream::~VYR2DGStringStream() {
-  _pCursor = nullptr;
+  _window.pCursor = nullptr;
   ReleaseBlock();
 }
 
 void VYR2DGStringStream::ReleaseBlock() {
   if (_pBlock) _pBlock->Release();
   _pBlock = nullptr;
-  _pBuffer = nullptr;
-}
-
-// Fixed-size values take a fast path when they fit; the general routines handle growth and failures.
-template <class T>
-inline void VYR2DGStringStream::WriteValue(T i_value) {
-  if (_size + static_cast<long long>(sizeof(T)) < _capacity) {
-    std::memcpy(_pCursor, &i_value, sizeof(T));
-    _pCursor += sizeof(T);
-    _size += static_cast<int>(sizeof(T));
-    return;
-  }
-  Write(&i_value, sizeof(T));
-}
-
-template <class T>
-inline void VYR2DGStringStream::ReadValue(T& o_value) {
-  if (!_failed && _pCursor && _size - (_pCursor - _pBuffer) >= static_cast<long long>(sizeof(T))) {
-    std::memcpy(&o_value, _pCursor, sizeof(T));
-    _pCursor += sizeof(T);
-    return;
-  }
-  ReadBytes(&o_value, sizeof(T));
+  _window.pBuffer = nullptr;
 }
 
 void VYR2DGStringStream::Stream(float i_value) { WriteValue(i_value); }
@@ -130,54 +108,54 @@ void VYR2DGStringStream::Unstream(unsigned char& o_value) { ReadValue(o_value); 
 void VYR2DGStringStream::Unstream(char& o_value) { ReadValue(o_value); }
 
 char* VYR2DGStringStream::Unstream(bool i_zeroTerminated) {
-  char* pLengthStart = _pCursor;
+  char* pLengthStart = _window.pCursor;
   int length = 0;
   if (!ReadBytes(&length, kLengthBytes) || length <= 0) return nullptr;
   if (length > GetReadableBytesLeft()) {
     // A length the stream cannot hold: the whole string read fails.
-    _pCursor = pLengthStart;
-    _failed = true;
+    _window.pCursor = pLengthStart;
+    _window.failed = true;
     return nullptr;
   }
   char* pString = new (std::nothrow) char[static_cast<size_t>(length) + (i_zeroTerminated ? 1 : 0)];
   if (VYR_CHECK_POINTER(pString)) {
-    std::memcpy(pString, _pCursor, static_cast<size_t>(length));
+    std::memcpy(pString, _window.pCursor, static_cast<size_t>(length));
     if (i_zeroTerminated) pString[length] = '\0';
   }
-  _pCursor += length;  // consumed even without memory, so the stream stays in step
+  _window.pCursor += length;  // consumed even without memory, so the stream stays in step
   return pString;
 }
 
 long long VYR2DGStringStream::GetReadableBytesLeft() const {
-  if (_failed || !_pBuffer) return 0;
-  return _size - (_pCursor - _pBuffer);
+  if (_window.failed || !_window.pBuffer) return 0;
+  return _window.size - (_window.pCursor - _window.pBuffer);
 }
 
 void VYR2DGStringStream::Write(const void* i_first, int i_firstLength, const void* i_second,
                                int i_secondLength) {
-  long long newSize = static_cast<long long>(_size) + i_firstLength + i_secondLength;
+  long long newSize = static_cast<long long>(_window.size) + i_firstLength + i_secondLength;
   if (!StreamIncrease(newSize)) {
-    _failed = true;
+    _window.failed = true;
     return;
   }
-  std::memcpy(_pCursor, i_first, static_cast<size_t>(i_firstLength));
-  _pCursor += i_firstLength;
+  std::memcpy(_window.pCursor, i_first, static_cast<size_t>(i_firstLength));
+  _window.pCursor += i_firstLength;
   if (i_secondLength > 0) {
-    std::memcpy(_pCursor, i_second, static_cast<size_t>(i_secondLength));
-    _pCursor += i_secondLength;
+    std::memcpy(_window.pCursor, i_second, static_cast<size_t>(i_secondLength));
+    _window.pCursor += i_secondLength;
   }
-  _size = static_cast<int>(newSize);
+  _window.size = static_cast<int>(newSize);
 }
 
 bool VYR2DGStringStream::ReadBytes(void* o_destination, int i_length) {
   if (i_length <= 0) return true;
   if (i_length > GetReadableBytesLeft()) {
     if (o_destination) std::memset(o_destination, 0, static_cast<size_t>(i_length));
-    _failed = true;
+    _window.failed = true;
     return false;
   }
-  if (o_destination) std::memcpy(o_destination, _pCursor, static_cast<size_t>(i_length));
-  _pCursor += i_length;
+  if (o_destination) std::memcpy(o_destination, _window.pCursor, static_cast<size_t>(i_length));
+  _window.pCursor += i_length;
   return true;
 }
 
@@ -187,10 +165,10 @@ void VYR2DGStringStream::WriteBytes(const void* i_bytes, int i_length) {
 }
 
 bool VYR2DGStringStream::StreamIncrease(long long i_requiredSize) {
-  if (i_requiredSize < _capacity) return true;
+  if (i_requiredSize < _window.capacity) return true;
   if (!VYR_CHECK_CONDITION(i_requiredSize < INT_MAX)) return false;
   // Each iteration adds twice the step and doubles it, so growth speeds up over the stream's life.
-  long long capacity = _capacity;
+  long long capacity = _window.capacity;
   unsigned long long step = _growthStep ? _growthStep : kInitialCapacity;
   while (i_requiredSize >= capacity) {
     capacity += 2 * step;
@@ -200,37 +178,37 @@ bool VYR2DGStringStream::StreamIncrease(long long i_requiredSize) {
 
   // The contents move through a temporary block; if the new buffer cannot be
   // had, the temporary block becomes the buffer so that nothing is lost.
-  SharedBlock* pTemporary = SharedBlock::Create(_size);
+  SharedBlock* pTemporary = SharedBlock::Create(_window.size);
   if (!VYR_CHECK_POINTER(pTemporary)) return false;
-  if (_size > 0) std::memcpy(pTemporary->pBytes, _pBuffer, static_cast<size_t>(_size));
+  if (_window.size > 0) std::memcpy(pTemporary->pBytes, _window.pBuffer, static_cast<size_t>(_window.size));
   ReleaseBlock();
   SharedBlock* pNewBlock = SharedBlock::Create(static_cast<int>(capacity));
   if (!VYR_CHECK_POINTER(pNewBlock)) {
     _pBlock = pTemporary;
-    _pBuffer = pTemporary->pBytes;
-    _capacity = _size;
-    _pCursor = _pBuffer + _size;
+    _window.pBuffer = pTemporary->pBytes;
+    _window.capacity = _window.size;
+    _window.pCursor = _window.pBuffer + _window.size;
     return false;
   }
-  if (_size > 0) std::memcpy(pNewBlock->pBytes, pTemporary->pBytes, static_cast<size_t>(_size));
+  if (_window.size > 0) std::memcpy(pNewBlock->pBytes, pTemporary->pBytes, static_cast<size_t>(_window.size));
   pTemporary->Release();
   _pBlock = pNewBlock;
-  _pBuffer = pNewBlock->pBytes;
-  _capacity = static_cast<int>(capacity);
+  _window.pBuffer = pNewBlock->pBytes;
+  _window.capacity = static_cast<int>(capacity);
   _growthStep = static_cast<unsigned int>(step);
-  _pCursor = _pBuffer + _size;
+  _window.pCursor = _window.pBuffer + _window.size;
   return true;
 }
 
 long VYR2DGStringStream::AdoptForReading(SharedBlock* ipBlock, int i_length) {
   ReleaseBlock();
   _pBlock = ipBlock;
-  _pBuffer = ipBlock->pBytes;
-  _pCursor = _pBuffer;
+  _window.pBuffer = ipBlock->pBytes;
+  _window.pCursor = _window.pBuffer;
   // Size and capacity describe the loaded bytes, so a later write appends safely.
-  _size = i_length;
-  _capacity = i_length;
-  _failed = false;
+  _window.size = i_length;
+  _window.capacity = i_length;
+  _window.failed = false;
   return VYR_S_OK;
 }
 
@@ -247,17 +225,17 @@ long VYR2DGStringStream::SaveInFile(const VYRUnicodeString& i_path) {
   VYRFileHandle pFile = nullptr;
   VYRStatus opened = VYRFileOpen(i_path, "wb", pFile);
   if (VYRFailed(opened)) return opened;
-  int size = _size;
+  int size = _window.size;
   size_t written = 0;
   bool complete = VYRFileWrite(pFile, &size, kLengthBytes, written) == VYR_S_OK &&
-                  (size == 0 || VYRFileWrite(pFile, _pBuffer, static_cast<size_t>(size), written) == VYR_S_OK);
+                  (size == 0 || VYRFileWrite(pFile, _window.pBuffer, static_cast<size_t>(size), written) == VYR_S_OK);
   VYRStatus closed = VYRFileClose(pFile);
   return complete ? closed : VYR_E_FAIL;
 }
 
 long VYR2DGStringStream::LoadFile(const VYRUnicodeString& i_path) {
   // Whatever goes wrong, the stream then reads nothing.
-  _pCursor = _pBuffer + _size;
+  _window.pCursor = _window.pBuffer + _window.size;
   VYRFileHandle pFile = nullptr;
   VYRStatus opened = VYRFileOpen(i_path, "rb", pFile);
   if (VYRFailed(opened)) return opened;
