@@ -105,7 +105,7 @@ class VYR_EXPORT VYRI2DGStream {
     if (!_window.pCursor || i_length <= 0 || !i_bytes ||
         static_cast<long long>(_window.size) + i_length >= _window.capacity)
       return false;
-    std::memcpy(_window.pCursor, i_bytes, static_cast<size_t>(i_length));
+    CopyBytes(_window.pCursor, i_bytes, i_length);
     _window.pCursor += i_length;
     _window.size += i_length;
     return true;
@@ -126,8 +126,37 @@ class VYR_EXPORT VYRI2DGStream {
     if (_window.failed || !_window.pCursor || i_length <= 0 ||
         _window.size - (_window.pCursor - _window.pBuffer) < i_length)
       return false;
-    if (o_destination) std::memcpy(o_destination, _window.pCursor, static_cast<size_t>(i_length));
+    if (o_destination) CopyBytes(o_destination, _window.pCursor, i_length);
     _window.pCursor += i_length;
     return true;
+  }
+
+ private:
+  // Model values come in short runs (a number, a record, a name) of lengths
+  // known only here: two overlapping fixed-size moves copy up to 32 bytes
+  // without a call into the C library.
+  static void CopyBytes(void* o_target, const void* i_source, int i_length) {
+    char* pTarget = static_cast<char*>(o_target);
+    const char* pSource = static_cast<const char*>(i_source);
+    if (i_length >= 16 && i_length <= 32) {
+      CopyHeadAndTail<16>(pTarget, pSource, i_length);
+    } else if (i_length >= 8 && i_length < 16) {
+      CopyHeadAndTail<8>(pTarget, pSource, i_length);
+    } else if (i_length >= 4 && i_length < 8) {
+      CopyHeadAndTail<4>(pTarget, pSource, i_length);
+    } else if (i_length < 4) {
+      for (int i = 0; i < i_length; ++i) pTarget[i] = pSource[i];
+    } else {
+      std::memcpy(pTarget, pSource, static_cast<size_t>(i_length));
+    }
+  }
+  // The first and the last N bytes of a run of N to 2N bytes.
+  template <int N>
+  static void CopyHeadAndTail(char* o_target, const char* i_source, int i_length) {
+    char head[N], tail[N];
+    std::memcpy(head, i_source, N);
+    std::memcpy(tail, i_source + i_length - N, N);
+    std::memcpy(o_target, head, N);
+    std::memcpy(o_target + i_length - N, tail, N);
   }
 };
