@@ -57,25 +57,25 @@ class VYR_EXPORT VYRI2DGStream {
   // the same bytes, written or read in place while the stream's buffer
   // window (below) has room for them, through the virtual operation otherwise.
   template <class T>
-  void StreamValue(T i_value) {
+  VYR_ALWAYS_INLINE void StreamValue(T i_value) {
     static_assert(kIsValueType<T>, "only the stream's value types are written");
     if (!PutInWindow(&i_value, sizeof(T))) Stream(i_value);
   }
   template <class T>
-  void UnstreamValue(T& o_value) {
+  VYR_ALWAYS_INLINE void UnstreamValue(T& o_value) {
     static_assert(kIsValueType<T>, "only the stream's value types are read");
     if (!TakeFromWindow(&o_value, sizeof(T))) Unstream(o_value);
   }
   // Stream(bytes, length), in place in the same way.
-  void StreamCounted(const char* i_bytes, int i_length) {
+  VYR_ALWAYS_INLINE void StreamCounted(const char* i_bytes, int i_length) {
     if (!PutCountedInWindow(i_bytes, i_length)) Stream(i_bytes, i_length);
   }
   // WriteBytes and ReadBytes, in place in the same way.
-  void StreamBytes(const void* i_bytes, int i_length) {
+  VYR_ALWAYS_INLINE void StreamBytes(const void* i_bytes, int i_length) {
     if (!PutInWindow(i_bytes, i_length)) WriteBytes(i_bytes, i_length);
   }
-  bool UnstreamBytes(void* o_destination, int i_length) {
-    return TakeFromWindow(o_destination, i_length) || ReadBytes(o_destination, i_length);
+  VYR_ALWAYS_INLINE bool UnstreamBytes(void* o_destination, int i_length) {
+    return i_length <= 0 || TakeFromWindow(o_destination, i_length) || ReadBytes(o_destination, i_length);
   }
 
   template <class T>
@@ -101,7 +101,7 @@ class VYR_EXPORT VYRI2DGStream {
 
   // Writes at the cursor when the bytes fit below the capacity; false, with
   // nothing written, when they do not (or there is no window).
-  bool PutInWindow(const void* i_bytes, int i_length) {
+  VYR_ALWAYS_INLINE bool PutInWindow(const void* i_bytes, int i_length) {
     if (!_window.pCursor || i_length <= 0 || !i_bytes ||
         static_cast<long long>(_window.size) + i_length >= _window.capacity)
       return false;
@@ -112,7 +112,7 @@ class VYR_EXPORT VYRI2DGStream {
   }
   // A counted string: its length, then its bytes (none for a length of 0 or
   // less), written whole or not at all.
-  bool PutCountedInWindow(const char* i_bytes, int i_length) {
+  VYR_ALWAYS_INLINE bool PutCountedInWindow(const char* i_bytes, int i_length) {
     if (i_length <= 0) return PutInWindow(&i_length, sizeof i_length);
     if (!_window.pCursor || !i_bytes ||
         static_cast<long long>(_window.size) + static_cast<long long>(sizeof i_length) + i_length >= _window.capacity)
@@ -122,7 +122,7 @@ class VYR_EXPORT VYRI2DGStream {
   }
   // Reads at the cursor when that many bytes are left and the stream has not
   // failed; false, with nothing read, otherwise. A null destination skips.
-  bool TakeFromWindow(void* o_destination, int i_length) {
+  VYR_ALWAYS_INLINE bool TakeFromWindow(void* o_destination, int i_length) {
     if (_window.failed || !_window.pCursor || i_length <= 0 ||
         _window.size - (_window.pCursor - _window.pBuffer) < i_length)
       return false;
@@ -135,7 +135,7 @@ class VYR_EXPORT VYRI2DGStream {
   // Model values come in short runs (a number, a record, a name) of lengths
   // known only here: two overlapping fixed-size moves copy up to 32 bytes
   // without a call into the C library.
-  static void CopyBytes(void* o_target, const void* i_source, int i_length) {
+  static VYR_ALWAYS_INLINE void CopyBytes(void* o_target, const void* i_source, int i_length) {
     char* pTarget = static_cast<char*>(o_target);
     const char* pSource = static_cast<const char*>(i_source);
     if (i_length >= 16 && i_length <= 32) {
@@ -152,7 +152,7 @@ class VYR_EXPORT VYRI2DGStream {
   }
   // The first and the last N bytes of a run of N to 2N bytes.
   template <int N>
-  static void CopyHeadAndTail(char* o_target, const char* i_source, int i_length) {
+  static VYR_ALWAYS_INLINE void CopyHeadAndTail(char* o_target, const char* i_source, int i_length) {
     char head[N], tail[N];
     std::memcpy(head, i_source, N);
     std::memcpy(tail, i_source + i_length - N, N);
