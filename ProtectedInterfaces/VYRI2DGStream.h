@@ -50,7 +50,11 @@ class VYR_EXPORT VYRI2DGStream {
   // Whether a count read from the stream is plausible: not negative, and its
   // items, each at least i_bytesPerItem long, fit in what is left to read.
   bool CountFits(long long i_count, long long i_bytesPerItem) const {
-    return i_count >= 0 && (i_bytesPerItem <= 0 || i_count <= GetReadableBytesLeft() / i_bytesPerItem);
+    if (i_count < 0) return false;
+    if (i_bytesPerItem <= 0 || i_count == 0) return true;
+    const long long left = _window.pBuffer ? (_window.failed ? 0 : _window.size - (_window.pCursor - _window.pBuffer))
+                                           : GetReadableBytesLeft();
+    return i_count <= left / i_bytesPerItem;
   }
 
   // Stream(value) and Unstream(value) for callers that know the value's type:

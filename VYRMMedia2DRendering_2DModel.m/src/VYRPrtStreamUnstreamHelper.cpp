@@ -310,8 +310,10 @@ void VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(VYRUnicodeStri
     return;
   }
   ipStream->UnstreamBytes(pText, length);
-  const void* pZero = std::memchr(pText, 0, static_cast<size_t>(length));
-  o_text.BuildFromChar(pText, pZero ? static_cast<int>(static_cast<const char*>(pZero) - pText) : length);
+  // Names are short: a plain scan beats a library call here.
+  int textLength = 0;
+  while (textLength < length && pText[textLength] != '\0') ++textLength;
+  o_text.BuildFromChar(pText, textLength);
   if (pText != shortText) delete[] pText;
 }
 
