@@ -332,3 +332,74 @@ TEST(StringStream, LargeFileLoadsWhole) {
   EXPECT_EQ(loaded.GetReadableBytesLeft(), 0);
   std::remove(path.c_str());
 }
+
+// The inline operations write and read in the buffer itself while the bytes
+// fit; everything else goes through the virtual operations. Both ways must
+// give the same bytes, growth and failures, above all at the edges.
+TEST(StringStream, InPlaceWritesMatchTheVirtualOnesAcrossGrowth) {
+  std::string text(64, '\0');
+  for (int i = 0; i < 64; ++i) text[i] = static_cast<char>('A' + i % 26);
+  for (int prefix : {0, 2000, 2040, 2041, 2042, 2043, 2044, 2045, 2046, 2047}) {
+    for (int length = -1; length <= 40; ++length) {
+      VYR2DGStringStream calls, inPlace;
+      for (int i = 0; i < prefix; ++i) {
+        calls.Stream(static_cast<char>(i));
+        inPlace.StreamValue(static_cast<char>(i));
+      }
+      calls.Stream(text.data(), length);
+      inPlace.StreamCounted(text.data(), length);
+      calls.WriteBytes(text.data() + 3, length);
+      inPlace.StreamBytes(text.data() + 3, length);
+      calls.Stream(1.5);
+      inPlace.StreamValue(1.5);
+      ASSERT_EQ(StreamBytes(inPlace), StreamBytes(calls)) << prefix << " " << length;
+      ASSERT_EQ(inPlace.GetCapacity(), calls.GetCapacity()) << prefix << " " << length;
+      ASSERT_EQ(inPlace.GetGrowthStep(), calls.GetGrowthStep()) << prefix << " " << length;
+    }
+  }
+
+  // Filling the buffer exactly grows it, whichever way the byte comes.
+  VYR2DGStringStream stream;
+  for (int i = 0; i < 2047; ++i) stream.StreamValue('a');
+  EXPECT_EQ(stream.GetCapacity(), 2048);
+  stream.StreamValue('z');
+  EXPECT_EQ(stream.GetCapacity(), 6144);
+
+  AssertionCapture capture;
+  stream.StreamCounted(nullptr, 2);
+  EXPECT_TRUE(capture.Has("i_bytes"));
+  EXPECT_EQ(stream.GetSize(), 2048);
+}
+
+TEST(StringStream, InPlaceReadsMatchTheVirtualOnesAndFailTheSameWay) {
+  std::vector<uint8_t> bytes(100);
+  for (int i = 0; i < 100; ++i) bytes[i] = static_cast<uint8_t>(i + 1);
+  for (int length = 0; length <= 41; ++length) {
+    VYR2DGStringStream reader = ReadingStream(bytes);
+    reader.UnstreamBytes(nullptr, 1);
+    std::vector<uint8_t> run(static_cast<size_t>(length) + 1, 0xEE);
+    ASSERT_TRUE(reader.UnstreamBytes(run.data(), length));
+    for (int i = 0; i < length; ++i) ASSERT_EQ(run[i], i + 2) << length;
+    ASSERT_EQ(run[length], 0xEE) << length;  // nothing written beyond the run
+    ASSERT_EQ(reader.GetReadableBytesLeft(), 99 - length);
+  }
+
+  VYR2DGStringStream reader = ReadingStream(Hex("01 02 03 04 05 06"));
+  double tooLong = 7.0;
+  reader.UnstreamValue(tooLong);
+  EXPECT_EQ(tooLong, 0.0);
+  EXPECT_TRUE(reader.HasFailed());
+  EXPECT_FALSE(reader.CountFits(1, 1));
+  unsigned char byte = 9;
+  reader.UnstreamValue(byte);  // six bytes are there, but the stream has failed
+  EXPECT_EQ(byte, 0);
+  char pair[2] = {9, 9};
+  EXPECT_FALSE(reader.UnstreamBytes(pair, 2));
+  EXPECT_EQ(pair[0], 0);
+  reader.ClearFailure();
+  int first = 0;
+  reader.UnstreamValue(first);
+  EXPECT_EQ(first, 0x04030201);
+  EXPECT_TRUE(reader.CountFits(2, 1));
+  EXPECT_FALSE(reader.CountFits(1, 3));
+}
