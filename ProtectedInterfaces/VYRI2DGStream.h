@@ -76,7 +76,7 @@ class VYR_EXPORT VYRI2DGStream {
   }
   // WriteBytes and ReadBytes, in place in the same way.
   VYR_ALWAYS_INLINE void StreamBytes(const void* i_bytes, int i_length) {
-    if (!PutInWindow(i_bytes, i_length)) WriteBytes(i_bytes, i_length);
+    if (i_length > 0 && !PutInWindow(i_bytes, i_length)) WriteBytes(i_bytes, i_length);
   }
   VYR_ALWAYS_INLINE bool UnstreamBytes(void* o_destination, int i_length) {
     return i_length <= 0 || TakeFromWindow(o_destination, i_length) || ReadBytes(o_destination, i_length);

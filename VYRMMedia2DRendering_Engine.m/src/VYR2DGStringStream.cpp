@@ -64,12 +64,8 @@ VYR2DGStringStream& VYR2DGStringStream::operator=(const VYR2DGStringStream& i_ot
   if (i_other._pBlock) ++i_other._pBlock->refCount;
   ReleaseBlock();
   _pBlock = i_other._pBlock;
-  _window.pBuffer = i_other._window.pBuffer;
-  _window.pCursor = i_other._window.pCursor;
-  _window.capacity = i_other._window.capacity;
-  _window.size = i_other._window.size;
+  _window = i_other._window;
   _growthStep = i_other._growthStep;
-  _window.failed = i_other._window.failed;
   return *this;
 }
 
