@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include <unistd.h>
+
 #include "AssertionCapture.h"
 #include "VYRMMColorProfile.h"
 #include "VYRMMColorProfileFactory.h"
@@ -28,7 +30,8 @@ class ColorProfileFiles : public ::testing::Test {
   }
 
   std::string Save(cmsHPROFILE i_hProfile, const char* i_name) {
-    const std::string path = ::testing::TempDir() + "vyr_color_" + i_name + ".icc";
+    // Tests run as parallel processes: each writes files of its own.
+    const std::string path = ::testing::TempDir() + "vyr_color_" + std::to_string(getpid()) + "_" + i_name + ".icc";
     EXPECT_TRUE(cmsSaveProfileToFile(i_hProfile, path.c_str()));
     cmsCloseProfile(i_hProfile);
     _paths.push_back(path);
