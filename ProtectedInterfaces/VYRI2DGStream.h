@@ -54,6 +54,8 @@ class VYR_EXPORT VYRI2DGStream {
     if (i_bytesPerItem <= 0 || i_count == 0) return true;
     const long long left = _window.pBuffer ? (_window.failed ? 0 : _window.size - (_window.pCursor - _window.pBuffer))
                                            : GetReadableBytesLeft();
+    // Below 2^31 items of below 2^31 bytes the product cannot overflow, and spares a division.
+    if (i_count <= INT_MAX && i_bytesPerItem <= INT_MAX) return i_count * i_bytesPerItem <= left;
     return i_count <= left / i_bytesPerItem;
   }
 

@@ -294,7 +294,7 @@ void VYRPrtStreamUnstreamHelper::CreateVYRUnicodeStringFromStream(VYRUnicodeStri
   int length = 0;
   ipStream->UnstreamValue(length);
   if (length <= 0) {
-    o_text = VYRUnicodeString();
+    if (!o_text.IsEmpty()) o_text = VYRUnicodeString();
     return;
   }
   if (!ipStream->CountFits(length, 1)) {

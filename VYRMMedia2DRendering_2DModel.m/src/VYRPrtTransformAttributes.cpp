@@ -76,14 +76,19 @@ int GetParameter(const VYRPrintTransformType* i_paTypes, unsigned int i_typeCoun
 
 // Reads a count that sizes an array, refusing one the stream cannot hold or
 // that exceeds the limit; a refusal reports and gives false.
-bool ReadCount(VYRI2DGStream* ipStream, long long i_bytesPerItem, long long i_limit, unsigned int& o_count) {
+bool CheckCount(VYRI2DGStream* ipStream, int i_count, long long i_bytesPerItem, long long i_limit,
+                unsigned int& o_count) {
+  if (!VYR_CHECK_CONDITION(ipStream->CountFits(i_count, i_bytesPerItem) && i_count <= i_limit)) return false;
+  o_count = static_cast<unsigned int>(i_count);
+  return true;
+}
+
+// A list is most often empty: that case is read in line, the others checked in CheckCount.
+inline bool ReadCount(VYRI2DGStream* ipStream, long long i_bytesPerItem, long long i_limit, unsigned int& o_count) {
   int count = 0;
   ipStream->UnstreamValue(count);
   o_count = 0;
-  if (count == 0) return true;  // the usual case, with nothing to check against the stream
-  if (!VYR_CHECK_CONDITION(ipStream->CountFits(count, i_bytesPerItem) && count <= i_limit)) return false;
-  o_count = static_cast<unsigned int>(count);
-  return true;
+  return count == 0 || CheckCount(ipStream, count, i_bytesPerItem, i_limit, o_count);
 }
 
 template <class T>
