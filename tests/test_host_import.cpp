@@ -273,6 +273,22 @@ TEST(HostImport, StyleSheetRulesCascade) {
   EXPECT_EQ(moved.y, 2.0);
 }
 
+// The transform property cascades like the others: the style attribute beats
+// the attribute and normal rules, important rules beat the style attribute.
+TEST(HostImport, TransformInTheStyleAttribute) {
+  Imported doc(Svg("<rect width='1' height='1' transform='scale(5)' style='fill:red; transform:scale(2)'/>"
+                   "<rect class='n' width='1' height='1' style='transform: scale(3)'/>"
+                   "<rect class='i' width='1' height='1' style='transform: scale(3)'/>"
+                   "<style>.n { transform: scale(4) } .i { transform: scale(6) !important }</style>"));
+  ASSERT_EQ(doc.ChildCount(), 3);
+  const double scales[] = {2.0, 3.0, 6.0};
+  for (int i = 0; i < 3; ++i) {
+    auto* pRect = doc.Child<VYRPrtBaseShapeElt>(i);
+    ASSERT_NE(pRect, nullptr);
+    EXPECT_EQ(Apply(pRect, 1.0, 1.0).x, scales[i]) << i;
+  }
+}
+
 // A long chain of descendant selectors over a deep document ends quickly.
 TEST(HostImport, StyleSheetSelectorsNeverBacktrackWithoutEnd) {
   std::string body;

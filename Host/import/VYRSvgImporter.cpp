@@ -1180,9 +1180,20 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportFilter(const VYRIDOMElement_var
 VYRPrtTransformAttributes VYRSvgImporter::TransformAttribute(const VYRIDOMElement_var& i_element,
                                                              const char* i_name) {
   VYRPrtTransformAttributes transform;
-  // A style rule's transform property wins over the attribute.
-  const std::string* pRuleValue = _styleSheet.FindValue(i_element, i_name);
-  const std::string text = pRuleValue ? *pRuleValue : Attribute(i_element, i_name);
+  // The cascade of the transform property: important rules, the style
+  // attribute, normal rules, and last the attribute itself.
+  const std::string* pValue = _styleSheet.FindValue(i_element, i_name, true);
+  std::string styleValue;
+  if (!pValue && std::strcmp(i_name, "transform") == 0) {
+    for (const VYRSvgDeclaration& declaration : VYRSvgParseDeclarations(Attribute(i_element, "style"))) {
+      if (declaration.name == i_name) {
+        styleValue = declaration.value;
+        pValue = &styleValue;
+      }
+    }
+  }
+  if (!pValue) pValue = _styleSheet.FindValue(i_element, i_name, false);
+  const std::string text = pValue ? *pValue : Attribute(i_element, i_name);
   if (!text.empty() && !VYRSvgValues::ParseTransformList(text, transform)) {
     Report("ignored " + std::string(i_name) + " \"" + text + "\"");
   }

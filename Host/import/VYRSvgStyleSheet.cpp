@@ -261,13 +261,13 @@ const VYRSvgStyleSheet::Cascade* VYRSvgStyleSheet::Find(const VYRIDOMElement_var
   return it == _cascades.end() ? nullptr : &it->second;
 }
 
-const std::string* VYRSvgStyleSheet::FindValue(const VYRIDOMElement_var& i_element, const std::string& i_name) const {
+const std::string* VYRSvgStyleSheet::FindValue(const VYRIDOMElement_var& i_element, const std::string& i_name,
+                                               bool i_important) const {
   const Cascade* pCascade = Find(i_element);
   if (!pCascade) return nullptr;
-  for (const std::vector<VYRSvgDeclaration>* pList : {&pCascade->important, &pCascade->normal}) {
-    for (auto it = pList->rbegin(); it != pList->rend(); ++it) {
-      if (it->name == i_name) return &it->value;
-    }
+  const std::vector<VYRSvgDeclaration>& list = i_important ? pCascade->important : pCascade->normal;
+  for (auto it = list.rbegin(); it != list.rend(); ++it) {
+    if (it->name == i_name) return &it->value;
   }
   return nullptr;
 }

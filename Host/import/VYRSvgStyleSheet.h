@@ -41,8 +41,10 @@ class VYRSvgStyleSheet {
   void Match(const VYRIDOMElement_var& i_element, const std::vector<VYRIDOMElement_var>& i_ancestors);
   // Null when no rule matched the element.
   const Cascade* Find(const VYRIDOMElement_var& i_element) const;
-  // The value the rules give the element for one property, or null.
-  const std::string* FindValue(const VYRIDOMElement_var& i_element, const std::string& i_name) const;
+  // The value the important or the normal rules give the element for one
+  // property, or null.
+  const std::string* FindValue(const VYRIDOMElement_var& i_element, const std::string& i_name,
+                               bool i_important) const;
 
  private:
   // One compound selector: "rect.a#b[x]".
