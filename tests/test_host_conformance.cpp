@@ -157,7 +157,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"masking/clipPath/clip-path-on-self-2", kShapes},
                       Case{"masking/clipPath/recursive-on-child", kShapes},
                       Case{"masking/clipPath/switch-is-not-a-valid-child", kShapes},
-                      Case{"masking/clipPath/with-invalid-child-via-use", kShapes}),
+                      Case{"masking/clipPath/with-invalid-child-via-use", kShapes},
+                      Case{"masking/clipPath/on-the-root-svg-with-size", kShapes}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -217,6 +218,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"structure/use/cSS-rules", kShapes},
                       Case{"painting/marker/the-marker-property-in-CSS", kShapes},
                       Case{"structure/style-attribute/comments", kShapes},
+                      Case{"structure/style-attribute/transform", kShapes},
                       Case{"structure/switch/simple-case", kShapes},
                       Case{"structure/switch/display-none-on-child", kShapes},
                       Case{"structure/switch/systemLanguage=ru-Ru", kShapes},

@@ -125,6 +125,25 @@ TEST(HostImport, RootSizeAndViewBoxMapping) {
   EXPECT_EQ(height, 20.0);
 }
 
+// A clip path, mask or filter on the root takes in everything the document
+// draws: the content goes into one group that carries them.
+TEST(HostImport, EffectsOfTheRootTakeInTheWholeDocument) {
+  Imported clipped(Svg("<clipPath id='c'><rect width='5' height='5'/></clipPath><rect width='9' height='9'/>",
+                       "width='10' height='10' clip-path='url(#c)' mask='url(#m)'"));
+  ASSERT_EQ(clipped.ChildCount(), 1);
+  auto* pContent = clipped.Child<VYRPrtGroupElt>(0);
+  ASSERT_NE(pContent, nullptr);
+  ASSERT_NE(pContent->GetClipPath(), nullptr);
+  EXPECT_EQ(pContent->GetClipPath()->GetID(), "c");
+  EXPECT_EQ(pContent->GetMask(), nullptr);  // reported missing
+  EXPECT_EQ(pContent->GetChild(0)->GetStreamType(), kStreamTypeClipPathElt);
+  EXPECT_EQ(pContent->GetChild(1)->GetStreamType(), kStreamTypeRectangleElt);
+
+  Imported plain(Svg("<rect width='9' height='9'/>"));
+  ASSERT_EQ(plain.ChildCount(), 1);
+  EXPECT_NE(plain.Child<VYRPrtRectangleElt>(0), nullptr);  // no group without effects
+}
+
 TEST(HostImport, BasicShapesWithUnits) {
   Imported doc(Svg("<rect x='1in' y='10' width='50%' height='2mm' rx='5'/>"
                    "<circle cx='5' cy='6' r='7pt'/>"

@@ -269,7 +269,18 @@ VYRPrtImageElt* VYRSvgImporter::ImportRoot(const VYRIDOMElement_var& i_root) {
   pImage->SetTransformAttributes(transform);
   pImage->SetOpacity(OpacityByte(context.style.opacity));
   // A document that is not displayed keeps its size and draws nothing.
-  if (context.style.displayed) ImportChildren(i_root, *pImage, context, 1);
+  if (!context.style.displayed) return pImage;
+  const VYRSvgStyle& style = context.style;
+  if (style.clipPathID.empty() && style.maskID.empty() && style.filterID.empty()) {
+    ImportChildren(i_root, *pImage, context, 1);
+    return pImage;
+  }
+  // Clipping, masking and filtering of the document itself take in all it draws.
+  auto* pContent = Create<VYRPrtGroupElt>();
+  if (!VYR_CHECK_POINTER(pContent)) return pImage;
+  pImage->AddChild(pContent);
+  LinkEffects(style, *pContent);
+  ImportChildren(i_root, *pContent, context, 2);
   return pImage;
 }
 
@@ -501,25 +512,28 @@ void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Cont
   io_elt.SetTransformAttributes(transform);
   io_elt.SetVisibility(i_context.style.visible ? 1 : 0);
   io_elt.SetOpacity(OpacityByte(i_context.style.opacity));
-  const VYRSvgStyle& style = i_context.style;
-  LinkClipPath(style, io_elt);
-  if (!style.maskID.empty()) {
-    io_elt.SetMaskID(VYRUnicodeString(style.maskID));
-    VYRPrtGraphicPrimitiveElt* pMask = Resource(style.maskID);
+  LinkEffects(i_context.style, io_elt);
+}
+
+void VYRSvgImporter::LinkEffects(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt) {
+  LinkClipPath(i_style, io_elt);
+  if (!i_style.maskID.empty()) {
+    io_elt.SetMaskID(VYRUnicodeString(i_style.maskID));
+    VYRPrtGraphicPrimitiveElt* pMask = Resource(i_style.maskID);
     if (pMask != nullptr && pMask->GetStreamType() == kStreamTypeMaskElt) {
       io_elt.SetMask(static_cast<VYRPrtMaskElt*>(pMask));
     } else {
-      Report("missing mask \"" + style.maskID + "\"");
+      Report("missing mask \"" + i_style.maskID + "\"");
     }
   }
-  if (!style.filterID.empty()) {
-    io_elt.SetFilterID(VYRUnicodeString(style.filterID));
-    VYRPrtGraphicPrimitiveElt* pFilter = Resource(style.filterID);
+  if (!i_style.filterID.empty()) {
+    io_elt.SetFilterID(VYRUnicodeString(i_style.filterID));
+    VYRPrtGraphicPrimitiveElt* pFilter = Resource(i_style.filterID);
     if (pFilter != nullptr && pFilter->GetStreamType() == kStreamTypeFilterContainerElt) {
       io_elt.SetFilter(static_cast<VYRPrtFilterContainerElt*>(pFilter));
     } else {
       // Drawn unfiltered it would show what the filter was to change: it is not drawn.
-      Report("missing filter \"" + style.filterID + "\"");
+      Report("missing filter \"" + i_style.filterID + "\"");
       io_elt.SetVisibility(0);
     }
   }
