@@ -143,6 +143,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"painting/opacity/mixed-group-opacity", kShapes},
                       Case{"painting/opacity/bBox-impact", kShapes},
                       Case{"masking/mask/simple-case", kShapes},
+                      Case{"masking/mask/mask-on-self", kShapes},
                       Case{"masking/mask/maskContentUnits=objectBoundingBox", kShapes},
                       Case{"masking/mask/maskUnits=userSpaceOnUse-without-rect", kShapes},
                       Case{"masking/mask/nested-objectBoundingBox", kShapes},

@@ -231,6 +231,29 @@ TEST(HostRenderLayers, MaskRegionsAndBoxUnitsWithOpacity) {
   EXPECT_TRUE(Near(recursive.At(30, 10), kClear));
 }
 
+TEST(HostRenderLayers, MasksMaskedInTurn) {
+  // The inner mask keeps the left half of what the outer mask keeps, in the
+  // element's space although the outer content is in box units.
+  Rendered picture(Svg("<mask id='inner' maskUnits='userSpaceOnUse' x='0' y='0' width='40' height='40'>"
+                       "<rect width='20' height='40' fill='white'/></mask>"
+                       "<mask id='outer' mask='url(#inner)' maskContentUnits='objectBoundingBox'>"
+                       "<rect width='1' height='0.5' fill='white'/></mask>"
+                       "<rect width='40' height='40' fill='blue' mask='url(#outer)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(10, 10), kBlue));
+  EXPECT_TRUE(Near(picture.At(30, 10), kClear));
+  EXPECT_TRUE(Near(picture.At(10, 30), kClear));
+  // Masks that mask each other end instead of recursing: the second is left out the second time.
+  Rendered cycle(Svg("<mask id='a' mask='url(#b)' maskUnits='userSpaceOnUse' x='0' y='0' width='40' height='40'>"
+                     "<rect width='40' height='40' fill='white'/></mask>"
+                     "<mask id='b' mask='url(#a)' maskUnits='userSpaceOnUse' x='0' y='0' width='40' height='40'>"
+                     "<rect width='20' height='40' fill='white'/></mask>"
+                     "<rect width='40' height='40' fill='blue' mask='url(#a)'/>"));
+  ASSERT_NE(cycle.Image(), nullptr);
+  EXPECT_TRUE(Near(cycle.At(10, 10), kBlue));
+  EXPECT_TRUE(Near(cycle.At(30, 10), kClear));
+}
+
 TEST(HostRenderLayers, OffsetAndColourMatrixFilters) {
   // The offset is in user units: doubled when the document is drawn twice as large.
   Rendered picture(Svg("<filter id='f'><feOffset dx='5' dy='0'/></filter>"

@@ -517,15 +517,7 @@ void VYRSvgImporter::ApplyCommon(const VYRIDOMElement_var& i_element, const Cont
 
 void VYRSvgImporter::LinkEffects(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt) {
   LinkClipPath(i_style, io_elt);
-  if (!i_style.maskID.empty()) {
-    io_elt.SetMaskID(VYRUnicodeString(i_style.maskID));
-    VYRPrtGraphicPrimitiveElt* pMask = Resource(i_style.maskID);
-    if (pMask != nullptr && pMask->GetStreamType() == kStreamTypeMaskElt) {
-      io_elt.SetMask(static_cast<VYRPrtMaskElt*>(pMask));
-    } else {
-      Report("missing mask \"" + i_style.maskID + "\"");
-    }
-  }
+  LinkMask(i_style, io_elt);
   if (!i_style.filterID.empty()) {
     io_elt.SetFilterID(VYRUnicodeString(i_style.filterID));
     VYRPrtGraphicPrimitiveElt* pFilter = Resource(i_style.filterID);
@@ -536,6 +528,17 @@ void VYRSvgImporter::LinkEffects(const VYRSvgStyle& i_style, VYRPrtGraphicPrimit
       Report("missing filter \"" + i_style.filterID + "\"");
       io_elt.SetVisibility(0);
     }
+  }
+}
+
+void VYRSvgImporter::LinkMask(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt) {
+  if (i_style.maskID.empty()) return;
+  io_elt.SetMaskID(VYRUnicodeString(i_style.maskID));
+  VYRPrtGraphicPrimitiveElt* pMask = Resource(i_style.maskID);
+  if (pMask != nullptr && pMask->GetStreamType() == kStreamTypeMaskElt) {
+    io_elt.SetMask(static_cast<VYRPrtMaskElt*>(pMask));
+  } else {
+    Report("missing mask \"" + i_style.maskID + "\"");
   }
 }
 
@@ -955,6 +958,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
     pMask->SetUnits(Units(Attribute(i_element, "maskUnits"), MM2D::UnitObjectBoundingBox));
     pMask->SetContentUnits(Units(Attribute(i_element, "maskContentUnits"), MM2D::UnitUserSpaceOnUse));
     pMask->SetRegion(EffectRegion(i_element, context, pMask->GetUnits() == MM2D::UnitObjectBoundingBox));
+    LinkMask(context.style, *pMask);  // a mask may be masked in turn
     ImportChildren(i_element, *pMask, context, i_depth);
     pElt = pMask;
   } else if (i_name == "marker") {

@@ -96,6 +96,8 @@ class VYRSvgImporter {
   // The common attributes: identifier, transform, visibility, opacity, clip path, mask, filter.
   // Points the element at the clip path its style names, reporting one that is missing.
   void LinkClipPath(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt);
+  // Points the element at the mask its style names, reporting one that is missing.
+  void LinkMask(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt);
   // The clip path, mask and filter an element's style names.
   void LinkEffects(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt);
   // The common attributes of an svg or symbol on the outer group of its

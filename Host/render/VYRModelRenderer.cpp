@@ -873,6 +873,7 @@ void VYRModelRenderer::DrawMask(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtMaskElt
   if (_drawing.SaveLayer() < 0) return;
   if (hasArea) {
     _drawing.SetCurrentClipRect(area, eClipIntersect);
+    const VYR3x3Matrix elementSpace = _drawing.GetMatrixTransform();
     double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
     if (i_pMask->GetContentUnits() == MM2D::UnitObjectBoundingBox &&
         LocalBounds(i_pElt, xmin, xmax, ymin, ymax, 0)) {
@@ -882,6 +883,12 @@ void VYRModelRenderer::DrawMask(VYRPrtGraphicPrimitiveElt* i_pElt, VYRPrtMaskElt
     paint.alpha = 1.0;
     _inUse.insert(i_pMask);
     DrawChildren(*i_pMask, paint, i_depth + 1);
+    // A mask masked in turn: what its own mask keeps of its content is what it keeps.
+    VYRPrtMaskElt* pInner = i_pMask->GetMask();
+    if (pInner != nullptr && _inUse.count(pInner) == 0) {
+      _drawing.SetMatrixTransform(elementSpace);
+      DrawMask(i_pElt, pInner, i_paint, i_depth + 1);
+    }
     _inUse.erase(i_pMask);
   }
   _drawing.Restore(-1);
