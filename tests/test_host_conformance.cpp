@@ -193,6 +193,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"painting/marker/with-viewBox-2", kShapes},
                       Case{"painting/overflow/visible-on-marker", kShapes},
                       Case{"structure/svg/nested-svg-with-rect", kShapes},
+                      Case{"structure/svg/explicit-svg-namespace", kShapes},
                       Case{"structure/svg/nested-svg-with-rect-and-viewBox-3", kShapes},
                       Case{"structure/svg/nested-svg-with-overflow-visible", kShapes},
                       Case{"structure/symbol/with-viewBox-and-custom-use-rect", kShapes},

@@ -144,6 +144,22 @@ TEST(HostImport, EffectsOfTheRootTakeInTheWholeDocument) {
   EXPECT_NE(plain.Child<VYRPrtRectangleElt>(0), nullptr);  // no group without effects
 }
 
+// A root named with a prefix is read like any other: its namespaces are
+// declared before the parser set-up would cut its name in two.
+TEST(HostImport, PrefixedRoot) {
+  Imported prefixed("<svg:svg width='10' height='10' xmlns:svg='http://www.w3.org/2000/svg'>"
+                    "<svg:rect width='5' height='5'/><svg:circle r='2'/></svg:svg>");
+  EXPECT_TRUE(prefixed.Importer().Succeeded());
+  ASSERT_EQ(prefixed.ChildCount(), 2);
+  EXPECT_NE(prefixed.Child<VYRPrtRectangleElt>(0), nullptr);
+
+  Imported declared("<svg:svg width='10' height='10' xmlns = 'http://www.w3.org/2000/svg' "
+                    "xmlns:svg='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink'>"
+                    "<rect width='5' height='5'/></svg:svg>");
+  EXPECT_TRUE(declared.Importer().Succeeded());
+  EXPECT_EQ(declared.ChildCount(), 1);
+}
+
 TEST(HostImport, BasicShapesWithUnits) {
   Imported doc(Svg("<rect x='1in' y='10' width='50%' height='2mm' rx='5'/>"
                    "<circle cx='5' cy='6' r='7pt'/>"

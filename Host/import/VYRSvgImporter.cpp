@@ -126,6 +126,33 @@ MM2D::UnitType Units(const std::string& i_text, MM2D::UnitType i_default) {
   return units == MM2D::UnitUnknown ? i_default : units;
 }
 
+
+// Whether a start tag declares the default namespace: "xmlns", then only
+// spaces or tabs before "=".
+bool DeclaresDefaultNamespace(const std::string& i_tag) {
+  for (size_t at = i_tag.find("xmlns"); at != std::string::npos; at = i_tag.find("xmlns", at + 5)) {
+    const size_t next = i_tag.find_first_not_of(" \t", at + 5);
+    if (next != std::string::npos && i_tag[next] == '=') return true;
+  }
+  return false;
+}
+
+// The parser set-up declares the SVG and XLink namespaces right after the
+// first "<svg" of a document, which would cut a root named with a prefix
+// ("<svg:svg") in two. Such a root gets the declarations it lacks after its
+// name first, and the set-up then has nothing to insert.
+std::string DeclareNamespacesOfPrefixedRoot(const std::string& i_text) {
+  const size_t start = i_text.find("<svg");
+  if (start == std::string::npos || i_text.compare(start + 4, 1, ":") != 0) return i_text;
+  const size_t end = i_text.find('>', start);
+  if (end == std::string::npos) return i_text;
+  const std::string tag = i_text.substr(start, end - start);
+  std::string declarations;
+  if (tag.find("xmlns:xlink") == std::string::npos) declarations += " xmlns:xlink=\"http://www.w3.org/1999/xlink\"";
+  if (!DeclaresDefaultNamespace(tag)) declarations += " xmlns=\"http://www.w3.org/2000/svg\"";
+  const size_t nameEnd = i_text.find_first_of(" \t\r\n/>", start);
+  return i_text.substr(0, nameEnd) + declarations + i_text.substr(nameEnd);
+}
 }  // namespace
 
 // ---- Entry points
@@ -161,7 +188,7 @@ VYRPrtModel* VYRSvgImporter::ImportBuffer(const std::string& i_text) {
   // The model first: it keeps the element factory, and with it every element, alive.
   auto* pModel = new VYRPrtModel();
   Reset();
-  VYRUnicodeString buffer(i_text);
+  VYRUnicodeString buffer(DeclareNamespacesOfPrefixedRoot(i_text));
   VYRIDOMElement_var root;
   if (i_text.empty() || !VYRSucceeded(MMParsingTools::BuildParser(buffer, "svg", root)) || root.IsNull()) {
     Report("the document is not well-formed XML");
