@@ -39,6 +39,7 @@
 #include "VYRPrtRectangleElt.h"
 #include "VYRPrtTextElt.h"
 #include "VYRSvgImporter.h"
+#include "VYRSvgValues.h"
 
 namespace {
 
@@ -158,6 +159,23 @@ TEST(HostImport, PrefixedRoot) {
                     "<rect width='5' height='5'/></svg:svg>");
   EXPECT_TRUE(declared.Importer().Succeeded());
   EXPECT_EQ(declared.ChildCount(), 1);
+}
+
+TEST(HostImport, AnglesWithUnits) {
+  const struct {
+    const char* text;
+    double degrees;
+  } cases[] = {{"90", 90.0}, {" 45deg ", 45.0}, {"1.5rad", 1.5 * 180.0 / M_PI}, {"100grad", 90.0}, {"-0.5turn", -180.0}};
+  for (const auto& c : cases) {
+    double degrees = 0.0;
+    EXPECT_TRUE(VYRSvgValues::ParseAngle(c.text, degrees)) << c.text;
+    EXPECT_NEAR(degrees, c.degrees, 1e-12) << c.text;
+  }
+  double untouched = 7.0;
+  for (const char* bad : {"", "deg", "1.5 rad", "1.5radian", "2px"}) {
+    EXPECT_FALSE(VYRSvgValues::ParseAngle(bad, untouched)) << bad;
+  }
+  EXPECT_EQ(untouched, 7.0);
 }
 
 TEST(HostImport, BasicShapesWithUnits) {

@@ -1002,7 +1002,7 @@ VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportResource(const std::string& i_n
       pMarker->SetOrientationAuto();
     } else {
       double angle = 0.0;
-      if (!orient.empty() && MMParsingTools::ParseNumber(VYRUnicodeString(orient), angle)) {
+      if (!orient.empty() && VYRSvgValues::ParseAngle(orient, angle)) {
         pMarker->SetOrientationAngle(angle);
       }
     }

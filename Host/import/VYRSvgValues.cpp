@@ -242,6 +242,23 @@ bool ParseNumberOrPercentage(const std::string& i_text, double& o_value) {
   return false;
 }
 
+bool ParseAngle(const std::string& i_text, double& o_degrees) {
+  const std::string text = Trim(i_text);
+  const char* pCursor = text.c_str();
+  const char* const pEnd = pCursor + text.size();
+  double number = 0.0;
+  if (!MMParsingTools::ParseNumber(pCursor, pEnd, number)) return false;
+  const std::string unit(pCursor, pEnd);
+  const double degreesPerUnit = unit.empty() || unit == "deg" ? 1.0
+                                : unit == "rad"               ? 180.0 / M_PI
+                                : unit == "grad"              ? 0.9
+                                : unit == "turn"              ? 360.0
+                                                              : 0.0;
+  if (degreesPerUnit == 0.0) return false;
+  o_degrees = number * degreesPerUnit;
+  return true;
+}
+
 bool ParseNumbers(const std::string& i_text, std::vector<double>& o_numbers) {
   const char* pCursor = i_text.c_str();
   const char* const pEnd = pCursor + i_text.size();

@@ -67,6 +67,9 @@ bool ParseTransformList(const std::string& i_text, VYRPrtTransformAttributes& o_
 // "[defer] <align> [meet|slice]".
 bool ParsePreserveAspectRatio(const std::string& i_text, VYRPrtViewBoxAttributes& io_viewBox);
 
+// A number of degrees, or of rad, grad or turn: the angle in degrees.
+bool ParseAngle(const std::string& i_text, double& o_degrees);
+
 // Numbers separated by spaces and/or commas; false for anything else.
 bool ParseNumbers(const std::string& i_text, std::vector<double>& o_numbers);
 
