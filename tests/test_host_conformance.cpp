@@ -111,6 +111,8 @@ INSTANTIATE_TEST_SUITE_P(Shapes, Conformance,
 INSTANTIATE_TEST_SUITE_P(
     Gradients, Conformance,
     ::testing::Values(Case{"paint-servers/linearGradient/default-attributes", kShapes},
+                      Case{"painting/stroke/gradient-with-objectBoundingBox-and-fallback-on-lines", kShapes},
+                      Case{"painting/stroke/pattern-with-objectBoundingBox-fallback-on-zero-bbox-shape", kShapes},
                       Case{"paint-servers/linearGradient/gradientTransform-and-transform", kShapes},
                       Case{"paint-servers/linearGradient/gradientUnits=userSpaceOnUse-with-percent", kShapes},
                       Case{"paint-servers/linearGradient/spreadMethod=reflect", kShapes},

@@ -178,6 +178,30 @@ TEST(HostImport, AnglesWithUnits) {
   EXPECT_EQ(untouched, 7.0);
 }
 
+// Bounding-box units need a box with an area: on a straight line a gradient
+// or pattern in those units gives way to the fallback colour, or to none.
+TEST(HostImport, ServersInBoxUnitsOnLinesTakeTheFallback) {
+  Imported doc(Svg("<linearGradient id='g'><stop offset='0' stop-color='red'/></linearGradient>"
+                   "<pattern id='p' width='1' height='1'><rect width='5' height='5'/></pattern>"
+                   "<pattern id='u' patternUnits='userSpaceOnUse' width='5' height='5'><rect width='5' height='5'/>"
+                   "</pattern>"
+                   "<line x2='10' stroke='url(#g) #00ff00'/><line y2='10' stroke='url(#p) #0000ff'/>"
+                   "<line x2='10' stroke='url(#g)'/><line x2='10' stroke='url(#u) red'/>"
+                   "<rect width='10' height='10' stroke='url(#g) red'/>"));
+  ASSERT_EQ(doc.ChildCount(), 8);  // the three servers, then the shapes
+  auto stroke = [&](int i_index) { return doc.Child<VYRPrtGraphicPrimitiveElt>(3 + i_index); };
+  const VYRPrtStrokeAttributes& greenFallback = static_cast<VYRPrtLineElt*>(stroke(0))->GetStrokeAttributes();
+  EXPECT_EQ(greenFallback.GetStrokeMode(), kHostStrokeColor);
+  EXPECT_EQ(doc.Colour(greenFallback.GetStrokeColorIndex()), 0x00ff00u);
+  const VYRPrtStrokeAttributes& blueFallback = static_cast<VYRPrtLineElt*>(stroke(1))->GetStrokeAttributes();
+  EXPECT_EQ(doc.Colour(blueFallback.GetStrokeColorIndex()), 0x0000ffu);
+  EXPECT_EQ(stroke(1)->GetPattern(), nullptr);
+  EXPECT_EQ(static_cast<VYRPrtLineElt*>(stroke(2))->GetStrokeAttributes().GetStrokeMode(), kHostStrokeNone);
+  // A pattern in user units paints a line; a gradient in box units paints a rectangle.
+  EXPECT_EQ(static_cast<VYRPrtLineElt*>(stroke(3))->GetStrokeAttributes().GetStrokeMode(), kHostStrokePattern);
+  EXPECT_EQ(static_cast<VYRPrtBaseShapeElt*>(stroke(4))->GetStrokeAttributes().GetStrokeMode(), kHostStrokeGradient);
+}
+
 TEST(HostImport, BasicShapesWithUnits) {
   Imported doc(Svg("<rect x='1in' y='10' width='50%' height='2mm' rx='5'/>"
                    "<circle cx='5' cy='6' r='7pt'/>"

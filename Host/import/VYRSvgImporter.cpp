@@ -748,6 +748,24 @@ unsigned int VYRSvgImporter::ColourIndex(const VYRSvgColor& i_color) {
   return index;
 }
 
+bool VYRSvgImporter::BoxWithArea(VYRPrtGraphicPrimitiveElt& i_shape, double& o_xmin, double& o_xmax, double& o_ymin,
+                                 double& o_ymax) {
+  if (i_shape.GetStreamType() == kStreamTypeTextElt) {
+    if (!VYRGetTextBounds(static_cast<const VYRPrtTextElt&>(i_shape), o_xmin, o_xmax, o_ymin, o_ymax)) return false;
+  } else {
+    VYRHostPath outline;
+    if (!outline.BuildFrom(&i_shape) || !outline.GetBounds(o_xmin, o_xmax, o_ymin, o_ymax)) return false;
+  }
+  return o_xmax > o_xmin && o_ymax > o_ymin;
+}
+
+bool VYRSvgImporter::PatternApplies(VYRPrtGraphicPrimitiveElt* i_pServer, VYRPrtGraphicPrimitiveElt& i_shape) {
+  if (i_pServer == nullptr || i_pServer->GetStreamType() != kStreamTypePatternElt) return false;
+  if (static_cast<VYRPrtPatternElt*>(i_pServer)->GetUnits() != MM2D::UnitObjectBoundingBox) return true;
+  double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
+  return BoxWithArea(i_shape, xmin, xmax, ymin, ymax);
+}
+
 template <class Attributes>
 bool VYRSvgImporter::SetGradient(VYRPrtGraphicPrimitiveElt* i_pServer, VYRPrtGraphicPrimitiveElt& i_shape,
                                  Attributes& io_attributes) {
@@ -755,15 +773,8 @@ bool VYRSvgImporter::SetGradient(VYRPrtGraphicPrimitiveElt* i_pServer, VYRPrtGra
   if (pGradient->GetStopCount() == 0) return false;
   VYRPrintGradient* pRecord = nullptr;
   if (pGradient->GetUnits() == MM2D::UnitObjectBoundingBox) {
-    VYRHostPath outline;
     double xmin = 0.0, xmax = 0.0, ymin = 0.0, ymax = 0.0;
-    if (i_shape.GetStreamType() == kStreamTypeTextElt) {
-      if (!VYRGetTextBounds(static_cast<const VYRPrtTextElt&>(i_shape), xmin, xmax, ymin, ymax)) return false;
-    } else if (!outline.BuildFrom(&i_shape) || !outline.GetBounds(xmin, xmax, ymin, ymax)) {
-      return false;
-    }
-    // A box without area has no bounding-box units: SVG paints nothing then.
-    if (!(xmax > xmin) || !(ymax > ymin)) return false;
+    if (!BoxWithArea(i_shape, xmin, xmax, ymin, ymax)) return false;
     pRecord = pGradient->CreatePrintGradient(xmin, xmax, ymin, ymax);
   } else {
     pRecord = pGradient->CreatePrintGradient();
@@ -842,18 +853,23 @@ VYRPrtFillAttributes VYRSvgImporter::MakeFill(const Context& i_context, VYRPrtGr
   const VYRSvgPaint& paint = style.fill;
   VYRSvgColor color;
   if (paint.kind == VYRSvgPaint::eServer) {
+    // A server that cannot paint the shape (bounding-box units on a box
+    // without area, say) gives way to the fallback, as a missing one does.
     VYRPrtGraphicPrimitiveElt* pServer = Resource(paint.serverID);
     if (IsGradient(pServer)) {
-      fill.SetFillStyle(SetGradient(pServer, i_shape, fill) ? static_cast<VYRPrtFillStyle>(kHostFillGradient)
-                                                             : static_cast<VYRPrtFillStyle>(kHostFillNone));
-      return fill;
+      if (SetGradient(pServer, i_shape, fill)) {
+        fill.SetFillStyle(static_cast<VYRPrtFillStyle>(kHostFillGradient));
+        return fill;
+      }
+    } else if (pServer != nullptr && pServer->GetStreamType() == kStreamTypePatternElt) {
+      if (PatternApplies(pServer, i_shape)) {
+        i_shape.SetPattern(static_cast<VYRPrtPatternElt*>(pServer));
+        fill.SetFillStyle(static_cast<VYRPrtFillStyle>(kHostFillPattern));
+        return fill;
+      }
+    } else {
+      Report("missing paint server \"" + paint.serverID + "\"");
     }
-    if (pServer != nullptr && pServer->GetStreamType() == kStreamTypePatternElt) {
-      i_shape.SetPattern(static_cast<VYRPrtPatternElt*>(pServer));
-      fill.SetFillStyle(static_cast<VYRPrtFillStyle>(kHostFillPattern));
-      return fill;
-    }
-    Report("missing paint server \"" + paint.serverID + "\"");
     if (PaintColor(paint, paint.fallbackKind, paint.fallbackColor, style, color)) {
       fill.SetFillColorIndex(ColourIndex(color));
       return fill;
@@ -887,18 +903,22 @@ VYRPrtStrokeAttributes VYRSvgImporter::MakeStroke(const Context& i_context, VYRP
   if (paint.kind == VYRSvgPaint::eServer) {
     VYRPrtGraphicPrimitiveElt* pServer = Resource(paint.serverID);
     if (IsGradient(pServer)) {
-      if (SetGradient(pServer, i_shape, stroke)) stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokeGradient));
-      return stroke;
+      if (SetGradient(pServer, i_shape, stroke)) {
+        stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokeGradient));
+        return stroke;
+      }
+    } else if (pServer != nullptr && pServer->GetStreamType() == kStreamTypePatternElt) {
+      // An element holds one pattern: a stroke can use it unless the fill uses another.
+      if (i_shape.GetPattern() != nullptr && i_shape.GetPattern() != pServer) {
+        Report("a stroke pattern other than the fill's is drawn with its fallback colour");
+      } else if (PatternApplies(pServer, i_shape)) {
+        i_shape.SetPattern(static_cast<VYRPrtPatternElt*>(pServer));
+        stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokePattern));
+        return stroke;
+      }
+    } else {
+      Report("missing paint server \"" + paint.serverID + "\"");
     }
-    // An element holds one pattern: a stroke can use it unless the fill uses another.
-    if (pServer != nullptr && pServer->GetStreamType() == kStreamTypePatternElt &&
-        (i_shape.GetPattern() == nullptr || i_shape.GetPattern() == pServer)) {
-      i_shape.SetPattern(static_cast<VYRPrtPatternElt*>(pServer));
-      stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokePattern));
-      return stroke;
-    }
-    Report(pServer != nullptr ? "a stroke pattern other than the fill's is drawn with its fallback colour"
-                              : "missing paint server \"" + paint.serverID + "\"");
     if (PaintColor(paint, paint.fallbackKind, paint.fallbackColor, style, color)) {
       stroke.SetStrokeColorIndex(ColourIndex(color));
       stroke.SetStrokeMode(static_cast<VYRPrtStrokeMode>(kHostStrokeColor));

@@ -108,7 +108,11 @@ class VYRSvgImporter {
   void ApplyPaint(const Context& i_context, VYRPrtGraphicPrimitiveElt& io_shape);
   VYRPrtFillAttributes MakeFill(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape);
   VYRPrtStrokeAttributes MakeStroke(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape);
-  // Puts a gradient server's record into fill or stroke attributes; false when the paint is none.
+  // The shape's bounding box, when it has an area: what bounding-box units need.
+  bool BoxWithArea(VYRPrtGraphicPrimitiveElt& i_shape, double& o_xmin, double& o_xmax, double& o_ymin, double& o_ymax);
+  // Whether a pattern can paint the shape: not in bounding-box units on a box without area.
+  bool PatternApplies(VYRPrtGraphicPrimitiveElt* i_pServer, VYRPrtGraphicPrimitiveElt& i_shape);
+  // Puts a gradient server's record into fill or stroke attributes; false when it cannot paint the shape.
   template <class Attributes>
   bool SetGradient(VYRPrtGraphicPrimitiveElt* i_pServer, VYRPrtGraphicPrimitiveElt& i_shape,
                    Attributes& io_attributes);
