@@ -191,6 +191,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"structure/image/preserveAspectRatio=none", kShapes},
                       Case{"painting/marker/marker-on-line", kShapes},
                       Case{"painting/marker/orient=1.5rad", kShapes},
+                      Case{"painting/marker/the-marker-property", kShapes},
+                      Case{"painting/marker/zero-sized-stroke", kShapes},
                       Case{"painting/marker/orient=auto-on-M-C-C-1", kShapes},
                       Case{"painting/marker/recursive-1", kShapes},
                       Case{"painting/marker/with-viewBox-2", kShapes},

@@ -320,6 +320,25 @@ TEST(HostRender, MarkersAreClippedToTheirViewportAroundTheReferencePoint) {
   EXPECT_TRUE(Near(picture.At(27, 30), kClear));
 }
 
+TEST(HostRender, MarkerShorthandOnlyInStylesAndNoMarkersOnANullStroke) {
+  // The marker shorthand is no presentation attribute; in a style it sets all three.
+  // Markers sized by the stroke width come out at no size when the width is 0.
+  Rendered picture(Svg("<marker id='m' refX='2' refY='2' markerWidth='4' markerHeight='4' markerUnits='userSpaceOnUse'>"
+                       "<rect width='4' height='4' fill='blue'/></marker>"
+                       "<marker id='s' refX='1' refY='1' markerWidth='2' markerHeight='2'>"
+                       "<rect width='2' height='2' fill='blue'/></marker>"
+                       "<line x1='10' y1='5' x2='30' y2='5' stroke='none' marker='url(#m)'/>"
+                       "<line x1='10' y1='15' x2='30' y2='15' stroke='none' style='marker: url(#m)'/>"
+                       "<line x1='10' y1='25' x2='30' y2='25' stroke='red' stroke-width='0' marker-start='url(#s)'/>"
+                       "<line x1='10' y1='35' x2='30' y2='35' stroke='none' stroke-width='2' marker-start='url(#s)'/>"));
+  ASSERT_NE(picture.Image(), nullptr);
+  EXPECT_TRUE(Near(picture.At(10, 5), kClear));
+  EXPECT_TRUE(Near(picture.At(10, 15), kBlue));
+  EXPECT_TRUE(Near(picture.At(30, 15), kBlue));
+  EXPECT_TRUE(Near(picture.At(10, 25), kClear));
+  EXPECT_TRUE(Near(picture.At(10, 35), kBlue));  // an unpainted stroke still sizes its markers
+}
+
 TEST(HostRender, ViewportsHideOverflowUnlessVisible) {
   Rendered picture(Svg("<svg x='5' y='5' width='10' height='10'><rect width='40' height='40' fill='red'/></svg>"
                        "<svg x='25' y='5' width='10' height='10' overflow='visible'>"

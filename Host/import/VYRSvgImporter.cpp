@@ -888,7 +888,11 @@ VYRPrtFillAttributes VYRSvgImporter::MakeFill(const Context& i_context, VYRPrtGr
 VYRPrtStrokeAttributes VYRSvgImporter::MakeStroke(const Context& i_context, VYRPrtGraphicPrimitiveElt& i_shape) {
   const VYRSvgStyle& style = i_context.style;
   VYRPrtStrokeAttributes stroke;
-  if (i_context.insideClipPath || style.strokeWidth <= 0.0) return stroke;  // no stroke
+  if (i_context.insideClipPath) return stroke;  // no stroke
+  if (style.strokeWidth <= 0.0) {
+    stroke.SetStrokeWidth(0.0);  // no stroke, and markers sized by it come out at no size
+    return stroke;
+  }
   stroke.SetStrokeWidth(style.strokeWidth);
   stroke.SetStrokeOpacity(OpacityByte(style.strokeOpacity));
   stroke.SetStrokeCap(style.lineCap);

@@ -6,13 +6,14 @@
 
 namespace {
 
-// Every property the cascade knows, in the order presentation attributes are read.
+// Every property that is also a presentation attribute, in the order they are
+// read. The marker shorthand is not one: it is taken from style sheets and
+// style attributes only.
 const char* const kPropertyNames[] = {
     "color", "font-size", "font-family", "font-weight", "font-style", "text-anchor", "fill", "fill-opacity",
     "fill-rule", "stroke", "stroke-opacity", "stroke-width", "stroke-linecap", "stroke-linejoin",
     "stroke-dasharray", "stroke-dashoffset", "clip-rule", "visibility", "display", "opacity", "clip-path", "mask", "filter",
-    "stop-color", "stop-opacity", "flood-color", "flood-opacity", "marker-start", "marker-mid", "marker-end",
-    "marker"};
+    "stop-color", "stop-opacity", "flood-color", "flood-opacity", "marker-start", "marker-mid", "marker-end"};
 
 // A number clamped to 0..1, as opacities are.
 bool ParseOpacity(const std::string& i_text, double& o_value) {

@@ -666,6 +666,7 @@ void VYRModelRenderer::DrawMarker(VYRPrtMarkerElt* i_pMarker, const VYRMathPoint
   i_pMarker->GetSize(width, height);
   if (!(width > 0.0) || !(height > 0.0)) return;
   const double scale = i_pMarker->GetUnits() == MM2D::MarkerUnitStrokeWidth ? i_strokeWidth : 1.0;
+  if (!(scale > 0.0)) return;
   const double angle = i_pMarker->GetOrientation() == MM2D::MarkerOrientAuto
                            ? i_angle
                            : i_pMarker->GetOrientationAngle() * VYRMathPi / 180.0;
