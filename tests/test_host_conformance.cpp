@@ -104,6 +104,7 @@ INSTANTIATE_TEST_SUITE_P(Shapes, Conformance,
                                            Case{"shapes/line/simple-case", kShapes},
                                            Case{"shapes/polygon/simple-case", kShapes},
                                            Case{"shapes/polyline/simple-case", kShapes},
+                                           Case{"shapes/path/A", kShapes},
                                            Case{"painting/stroke-linejoin/bevel", kShapes},
                                            Case{"painting/fill-rule/evenodd", kShapes}),
                          CaseName);

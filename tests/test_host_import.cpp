@@ -284,6 +284,11 @@ TEST(HostImport, PathDataIsReadUpToItsFirstError) {
   ASSERT_NE(pPath, nullptr);
   EXPECT_EQ(pPath->GetPathSegments().GetLength(), 2);
   EXPECT_TRUE(doc.HasMessage("path"));
+  // Data that does not begin with a move-to has nothing before its first error.
+  Imported noMove(Svg("<path d='A 5 5 0 0 1 50 50'/><path d='L 5 5'/><path d='m 1 1 l 5 5'/>"));
+  ASSERT_EQ(noMove.ChildCount(), 1);  // the two without are left out
+  EXPECT_EQ(noMove.Child<VYRPrtPathElt>(0)->GetPathSegments().GetLength(), 2);
+  EXPECT_TRUE(noMove.HasMessage("path"));
 }
 
 TEST(HostImport, ColoursInheritanceAndStyleAttribute) {

@@ -77,6 +77,7 @@ class PathDataReader {
     while (_pCursor < _pEnd) {
       const char letter = *_pCursor;
       if (MM2D::GetPathSegType(letter) != MM2D::PathSegUnknown) {
+        if (command == 0 && letter != 'M' && letter != 'm') return false;  // a path begins with a move-to
         command = letter;
         ++_pCursor;
       } else if (command == 0 || command == 'z' || command == 'Z') {
