@@ -201,14 +201,25 @@ bool ParsePaint(const std::string& i_text, VYRSvgPaint& o_paint) {
   return true;
 }
 
-bool ParseLength(const std::string& i_text, const VYRSvgLengthContext& i_context, VYRSvgLengthAxis i_axis,
-                 double& o_value) {
+namespace {
+
+// A number and what follows it up to the end (its unit), spaces around trimmed.
+bool SplitNumberAndUnit(const std::string& i_text, double& o_number, std::string& o_unit) {
   const std::string text = Trim(i_text);
   const char* pCursor = text.c_str();
   const char* const pEnd = pCursor + text.size();
+  if (!MMParsingTools::ParseNumber(pCursor, pEnd, o_number)) return false;
+  o_unit.assign(pCursor, pEnd);
+  return true;
+}
+
+}  // namespace
+
+bool ParseLength(const std::string& i_text, const VYRSvgLengthContext& i_context, VYRSvgLengthAxis i_axis,
+                 double& o_value) {
   double number = 0.0;
-  if (!MMParsingTools::ParseNumber(pCursor, pEnd, number)) return false;
-  const std::string unit(pCursor, pEnd);
+  std::string unit;
+  if (!SplitNumberAndUnit(i_text, number, unit)) return false;
   if (unit == "%") {
     double reference = i_context.viewportWidth;
     if (i_axis == VYRSvgLengthAxis::eY) reference = i_context.viewportHeight;
@@ -226,29 +237,17 @@ bool ParseLength(const std::string& i_text, const VYRSvgLengthContext& i_context
 }
 
 bool ParseNumberOrPercentage(const std::string& i_text, double& o_value) {
-  const std::string text = Trim(i_text);
-  const char* pCursor = text.c_str();
-  const char* const pEnd = pCursor + text.size();
   double number = 0.0;
-  if (!MMParsingTools::ParseNumber(pCursor, pEnd, number)) return false;
-  if (pCursor == pEnd) {
-    o_value = number;
-    return true;
-  }
-  if (pCursor + 1 == pEnd && *pCursor == '%') {
-    o_value = number / 100.0;
-    return true;
-  }
-  return false;
+  std::string unit;
+  if (!SplitNumberAndUnit(i_text, number, unit) || (!unit.empty() && unit != "%")) return false;
+  o_value = unit.empty() ? number : number / 100.0;
+  return true;
 }
 
 bool ParseAngle(const std::string& i_text, double& o_degrees) {
-  const std::string text = Trim(i_text);
-  const char* pCursor = text.c_str();
-  const char* const pEnd = pCursor + text.size();
   double number = 0.0;
-  if (!MMParsingTools::ParseNumber(pCursor, pEnd, number)) return false;
-  const std::string unit(pCursor, pEnd);
+  std::string unit;
+  if (!SplitNumberAndUnit(i_text, number, unit)) return false;
   const double degreesPerUnit = unit.empty() || unit == "deg" ? 1.0
                                 : unit == "rad"               ? 180.0 / M_PI
                                 : unit == "grad"              ? 0.9
