@@ -547,37 +547,34 @@ void VYRSvgImporter::LinkEffects(const VYRSvgStyle& i_style, VYRPrtGraphicPrimit
   LinkMask(i_style, io_elt);
   if (!i_style.filterID.empty()) {
     io_elt.SetFilterID(VYRUnicodeString(i_style.filterID));
-    VYRPrtGraphicPrimitiveElt* pFilter = Resource(i_style.filterID);
-    if (pFilter != nullptr && pFilter->GetStreamType() == kStreamTypeFilterContainerElt) {
-      io_elt.SetFilter(static_cast<VYRPrtFilterContainerElt*>(pFilter));
+    auto* pFilter = ResourceOfKind<VYRPrtFilterContainerElt>(i_style.filterID, kStreamTypeFilterContainerElt, "filter");
+    if (pFilter != nullptr) {
+      io_elt.SetFilter(pFilter);
     } else {
-      // Drawn unfiltered it would show what the filter was to change: it is not drawn.
-      Report("missing filter \"" + i_style.filterID + "\"");
-      io_elt.SetVisibility(0);
+      io_elt.SetVisibility(0);  // drawn unfiltered it would show what the filter was to change
     }
   }
+}
+
+template <class K>
+K* VYRSvgImporter::ResourceOfKind(const std::string& i_id, StreamType i_kind, const char* i_what) {
+  VYRPrtGraphicPrimitiveElt* pResource = Resource(i_id);
+  if (pResource != nullptr && pResource->GetStreamType() == i_kind) return static_cast<K*>(pResource);
+  Report("missing " + std::string(i_what) + " \"" + i_id + "\"");
+  return nullptr;
 }
 
 void VYRSvgImporter::LinkMask(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt) {
   if (i_style.maskID.empty()) return;
   io_elt.SetMaskID(VYRUnicodeString(i_style.maskID));
-  VYRPrtGraphicPrimitiveElt* pMask = Resource(i_style.maskID);
-  if (pMask != nullptr && pMask->GetStreamType() == kStreamTypeMaskElt) {
-    io_elt.SetMask(static_cast<VYRPrtMaskElt*>(pMask));
-  } else {
-    Report("missing mask \"" + i_style.maskID + "\"");
-  }
+  if (auto* pMask = ResourceOfKind<VYRPrtMaskElt>(i_style.maskID, kStreamTypeMaskElt, "mask")) io_elt.SetMask(pMask);
 }
 
 void VYRSvgImporter::LinkClipPath(const VYRSvgStyle& i_style, VYRPrtGraphicPrimitiveElt& io_elt) {
   if (i_style.clipPathID.empty()) return;
   io_elt.SetClipPathID(VYRUnicodeString(i_style.clipPathID));
-  VYRPrtGraphicPrimitiveElt* pClip = Resource(i_style.clipPathID);
-  if (pClip != nullptr && pClip->GetStreamType() == kStreamTypeClipPathElt) {
-    io_elt.SetClipPath(static_cast<VYRPrtClipPathElt*>(pClip));
-  } else {
-    Report("missing clip path \"" + i_style.clipPathID + "\"");
-  }
+  auto* pClip = ResourceOfKind<VYRPrtClipPathElt>(i_style.clipPathID, kStreamTypeClipPathElt, "clip path");
+  if (pClip != nullptr) io_elt.SetClipPath(pClip);
 }
 
 VYRPrtGraphicPrimitiveElt* VYRSvgImporter::ImportShape(const std::string& i_name, const VYRIDOMElement_var& i_element,

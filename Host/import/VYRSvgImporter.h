@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "VYRPrtRegionAttributes.h"
+#include "VYRPrtStreamType.h"
 #include "VYRPrtTransformAttributes.h"
 #include "VYRSvgStyle.h"
 #include "VYRXMLDOM.h"
@@ -87,6 +88,10 @@ class VYRSvgImporter {
 
   // Resources: elements that others refer to by identifier, read once.
   VYRPrtGraphicPrimitiveElt* Resource(const std::string& i_id);
+  // The resource an identifier names when it is of the given kind; otherwise
+  // null, reported as a missing clip path, mask, ... (i_what).
+  template <class K>
+  K* ResourceOfKind(const std::string& i_id, StreamType i_kind, const char* i_what);
   VYRPrtGraphicPrimitiveElt* ImportResource(const std::string& i_name, const VYRIDOMElement_var& i_element,
                                             const Context& i_context, int i_depth);
   VYRPrtGraphicPrimitiveElt* ImportGradient(const std::string& i_name, const VYRIDOMElement_var& i_element,
