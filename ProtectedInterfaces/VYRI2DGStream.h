@@ -52,8 +52,7 @@ class VYR_EXPORT VYRI2DGStream {
   bool CountFits(long long i_count, long long i_bytesPerItem) const {
     if (i_count < 0) return false;
     if (i_bytesPerItem <= 0 || i_count == 0) return true;
-    const long long left = _window.pBuffer ? (_window.failed ? 0 : _window.size - (_window.pCursor - _window.pBuffer))
-                                           : GetReadableBytesLeft();
+    const long long left = _window.pBuffer ? WindowBytesLeft() : GetReadableBytesLeft();
     // Below 2^31 items of below 2^31 bytes the product cannot overflow, and spares a division.
     if (i_count <= INT_MAX && i_bytesPerItem <= INT_MAX) return i_count * i_bytesPerItem <= left;
     return i_count <= left / i_bytesPerItem;
@@ -126,12 +125,14 @@ class VYR_EXPORT VYRI2DGStream {
     PutInWindow(&i_length, sizeof i_length);
     return PutInWindow(i_bytes, i_length);
   }
+  // Bytes left to read in the window: none once the stream has failed.
+  long long WindowBytesLeft() const {
+    return _window.failed || !_window.pBuffer ? 0 : _window.size - (_window.pCursor - _window.pBuffer);
+  }
   // Reads at the cursor when that many bytes are left and the stream has not
   // failed; false, with nothing read, otherwise. A null destination skips.
   VYR_ALWAYS_INLINE bool TakeFromWindow(void* o_destination, int i_length) {
-    if (_window.failed || !_window.pCursor || i_length <= 0 ||
-        _window.size - (_window.pCursor - _window.pBuffer) < i_length)
-      return false;
+    if (!_window.pCursor || i_length <= 0 || WindowBytesLeft() < i_length) return false;
     if (o_destination) CopyBytes(o_destination, _window.pCursor, i_length);
     _window.pCursor += i_length;
     return true;

@@ -122,10 +122,7 @@ char* VYR2DGStringStream::Unstream(bool i_zeroTerminated) {
   return pString;
 }
 
-long long VYR2DGStringStream::GetReadableBytesLeft() const {
-  if (_window.failed || !_window.pBuffer) return 0;
-  return _window.size - (_window.pCursor - _window.pBuffer);
-}
+long long VYR2DGStringStream::GetReadableBytesLeft() const { return WindowBytesLeft(); }
 
 void VYR2DGStringStream::Write(const void* i_first, int i_firstLength, const void* i_second,
                                int i_secondLength) {
